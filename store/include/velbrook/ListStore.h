@@ -1,0 +1,62 @@
+/*
+ * ListStore: mailing lists, their properties and members.
+ */
+#ifndef VELBROOK_LISTSTORE_H
+#define VELBROOK_LISTSTORE_H
+
+#include "StoreBase.h"
+
+VB_BEGIN_DECLS
+
+typedef struct _tMailingList _tMailingList;
+typedef struct _tMemberEnum _tMemberEnum;
+typedef struct _tMembershipConfig _tMembershipConfig;
+
+VB_STORE_API _tMailingList* OpenMailingList(_tMailServer* server, const char* list, const char* domain);
+VB_STORE_API int CloseMailingList(_tMailingList* list);
+VB_STORE_API int CreateMailingList(_tMailServer* server, const char* list, const char* domain);
+VB_STORE_API int DestroyMailingList(_tMailServer* server, const char* list, const char* domain);
+
+VB_STORE_API int GetMailingListProperty(_tMailingList* list, const char* name, void* buffer, uint32_t* size,
+                                        uint32_t* type);
+VB_STORE_API int SetMailingListProperty(_tMailingList* list, uint32_t type, const char* name, const void* data,
+                                        uint32_t size);
+
+/* Members in the order they were added; FindNext fails with VB_ERROR_NO_MORE_ITEMS at the end. */
+VB_STORE_API _tMemberEnum* StartMailingListMemberEnumeration(_tMailingList* list);
+VB_STORE_API int FindNextMailingListMember(_tMemberEnum* e, char* address, uint32_t* size);
+VB_STORE_API int CloseMailingListMemberEnumeration(_tMemberEnum* e);
+VB_STORE_API int AddMailingListMember(_tMailingList* list, const char* address);
+VB_STORE_API int RemoveMailingListMember(_tMailingList* list, const char* address);
+VB_STORE_API int GetMailingListMemberProperty(_tMailingList* list, const char* address, const char* name,
+                                              void* buffer, uint32_t* size, uint32_t* type);
+VB_STORE_API int SetMailingListMemberProperty(_tMailingList* list, const char* address, uint32_t type,
+                                              const char* name, const void* data, uint32_t size);
+
+VB_STORE_API int GetMailingListCount(_tMailServer* server, uint32_t* count);
+
+typedef struct _tMailingListPluginInfo {
+    uint32_t cbSize;         /* 40, set by the caller */
+    uint32_t kind;           /* 1: an ordinary list; 2: a list without a member roster */
+    uint64_t module;         /* module of the list plug-in; 0 for the built-in kinds */
+    uint32_t titleId;        /* string id of the plug-in's title */
+    uint16_t configTemplate; /* id of the plug-in's configuration dialog; 0: none */
+    uint16_t reserved0;
+    char title[16];          /* the title itself, for hosts without the plug-in's module */
+} _tMailingListPluginInfo;
+VB_STORE_API int GetMailingListPluginInfo(_tMailingList* list, _tMailingListPluginInfo* info);
+
+/* Membership configuration: a copy of the list's membership rules that can be edited and saved. */
+VB_STORE_API _tMembershipConfig* LoadMailingListMembershipConfiguration(_tMailingList* list);
+VB_STORE_API int EditMailingListMembershipConfiguration(_tMembershipConfig* config, const char* name,
+                                                         const char* value);
+VB_STORE_API int ChangedMailingListMembershipConfiguration(const _tMembershipConfig* config);
+VB_STORE_API int SaveMailingListMembershipConfiguration(_tMailingList* list, _tMembershipConfig* config);
+VB_STORE_API void FreeMailingListMembershipConfiguration(_tMembershipConfig* config);
+
+/* Text of a list-store error code (codes with bits 0x20200000); 0 when there is none. */
+VB_STORE_API int GetMailingListManagerErrorString(uint32_t code, char* text, uint32_t size);
+
+VB_END_DECLS
+
+#endif

@@ -1,0 +1,55 @@
+/*
+ * MailboxStore: mailboxes, their properties, aliases and passwords.
+ * Passwords are kept encrypted with a key file private to the store's owner and read back as text.
+ */
+#ifndef VELBROOK_MAILBOXSTORE_H
+#define VELBROOK_MAILBOXSTORE_H
+
+#include "StoreBase.h"
+
+VB_BEGIN_DECLS
+
+typedef struct _tMailbox _tMailbox;
+
+/* address: "local@domain", or a bare local part for the default domain. */
+VB_STORE_API _tMailbox* OpenMailbox(_tMailServer* server, const char* address);
+VB_STORE_API int CloseMailbox(_tMailbox* mailbox);
+VB_STORE_API int CreateMailbox(_tMailServer* server, const char* address);
+VB_STORE_API int DestroyMailbox(_tMailServer* server, const char* address);
+
+VB_STORE_API int GetMailboxProperty(_tMailbox* mailbox, const char* name, void* buffer, uint32_t* size,
+                                    uint32_t* type);
+VB_STORE_API int SetMailboxProperty(_tMailbox* mailbox, uint32_t type, const char* name, const void* data,
+                                    uint32_t size);
+/* List properties such as "NoReplyTo", "Whitelist", "Blacklist", "PreferredSenders". */
+VB_STORE_API int LookupMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);
+VB_STORE_API int AddToMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);
+VB_STORE_API int RemoveFromMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);
+
+VB_STORE_API int CreateMailboxAlias(_tMailbox* mailbox, const char* alias);
+VB_STORE_API int DestroyMailboxAlias(_tMailbox* mailbox, const char* alias);
+VB_STORE_API int GetMailboxAliasNames(_tMailbox* mailbox, char* buffer, uint32_t* size);
+
+/* size in bytes including the terminating zero; VB_ERROR_MORE_DATA rules as for properties. */
+VB_STORE_API int GetMailboxPassword(_tMailbox* mailbox, char* password, uint32_t* size);
+VB_STORE_API int SetMailboxPassword(_tMailbox* mailbox, const char* password);
+
+typedef struct _tMailboxPluginInfo {
+    uint32_t cbSize;          /* 40, set by the caller */
+    uint32_t kind;            /* 0: an ordinary mailbox */
+    char module[24];          /* the plug-in's resource module, empty when none */
+    uint32_t descriptionId;   /* string id of the plug-in's description */
+    uint32_t reserved;
+} _tMailboxPluginInfo;
+VB_STORE_API int GetMailboxPluginInfo(_tMailbox* mailbox, _tMailboxPluginInfo* info);
+
+VB_STORE_API int GetMailboxCount(_tMailServer* server, uint32_t* count);
+VB_STORE_API int GetCalendaringMailboxCount(_tMailServer* server, uint32_t* count);
+VB_STORE_API int CountCalendaringMailboxesInDomain(_tMailServer* server, const char* domain, uint32_t* count);
+
+/* Text of a mailbox-store error code (codes with bits 0x20100000); 0 when there is none. */
+VB_STORE_API int GetMailboxManagerErrorString(uint32_t code, char* text, uint32_t size);
+
+VB_END_DECLS
+
+#endif
