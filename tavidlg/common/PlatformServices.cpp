@@ -1,0 +1,68 @@
+#include "common/PlatformServices.h"
+
+#include "common/QtPlatformServices.h"
+#include "res/StringIds.h"
+#include "res/StringTable.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QWidget>
+
+namespace {
+
+CPlatformServices* g_services = nullptr;
+
+CPlatformServices& qtServices()
+{
+    static CQtPlatformServices services;
+    return services;
+}
+
+} // namespace
+
+CProgressReporter::~CProgressReporter() = default;
+CPlatformServices::~CPlatformServices() = default;
+
+CPlatformServices& platform()
+{
+    return g_services ? *g_services : qtServices();
+}
+
+CPlatformServices* setPlatformServices(CPlatformServices* services)
+{
+    CPlatformServices* previous = g_services;
+    g_services = services;
+    return previous;
+}
+
+QWidget* messageOwner()
+{
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    return QApplication::activeWindow();
+}
+
+int taviMessageBox(const QString& text, unsigned style, const QString& caption)
+{
+    return platform().messageBox(messageOwner(), text,
+                                 caption.isEmpty() ? TaviString(IDS_TAVI_MESSAGE_CAPTION) : caption, style);
+}
+
+void inputBeep(QLineEdit* edit)
+{
+    platform().beep(400, 250);
+    if (edit) {
+        edit->setFocus();
+        edit->selectAll();
+    }
+}
+
+CWaitCursor::CWaitCursor()
+{
+    platform().setWaitCursor(true);
+}
+
+CWaitCursor::~CWaitCursor()
+{
+    platform().setWaitCursor(false);
+}

@@ -1,0 +1,43 @@
+/*
+ * TaviDlg: the configuration and control dialogs of the Velbrook mail server.
+ *
+ * Every entry point opens one modal dialog, property sheet or wizard over one server's configuration,
+ * on the caller's thread, and returns 1 (OK), 2 (Cancel or closed) or -1 (the dialog could not be
+ * created). The owner is a native window id (0: no owner); the server handle stays the caller's. A host
+ * without a Qt application object may call the entry points: the library creates one on the first call
+ * and keeps it.
+ *
+ * Environment read by every entry point (for hosts that render or script the dialogs):
+ *   TAVI_SCREENSHOT=path.png  show the dialog, save a picture of it to the path and return 2 at once;
+ *   TAVI_AUTOCLOSE=cancel     close the dialog as cancelled as soon as its modal loop runs.
+ */
+#ifndef TAVIDLG_H
+#define TAVIDLG_H
+
+#include <stdint.h>
+
+#include <velbrook/StoreBase.h>
+#ifdef __cplusplus
+#include <velbrook/MailServer.h>
+#endif
+
+#if defined(_WIN32)
+#  if defined(TAVIDLG_BUILD)
+#    define TAVIDLG_API __declspec(dllexport)
+#  else
+#    define TAVIDLG_API __declspec(dllimport)
+#  endif
+#else
+#  define TAVIDLG_API __attribute__((visibility("default")))
+#endif
+
+typedef uintptr_t TaviOwner;
+
+VB_BEGIN_DECLS
+
+/* Server settings. */
+TAVIDLG_API int EditDirectories(TaviOwner owner, _tMailServer* server);
+
+VB_END_DECLS
+
+#endif

@@ -1,0 +1,289 @@
+// The mail directory locations dialog, driven through EditDirectories and through its class.
+#include "DialogHarness.h"
+
+#include "server/DirectoriesDlg.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+class tst_DirectoriesDlg : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void showsStoredValuesAndServerName();
+    void unchangedOkIsCancel_data();
+    void unchangedOkIsCancel();
+    void changesAreWritten_data();
+    void changesAreWritten();
+    void cancelWritesNothing();
+    void networkDriveRefusedForLocalServer_data();
+    void networkDriveRefusedForLocalServer();
+    void remoteServerSkipsDriveCheckAndHidesBrowse();
+    void browseHiddenWithoutFolderPicking();
+    void browsePutsChosenFolderIntoEdit_data();
+    void browsePutsChosenFolderIntoEdit();
+    void failedWritesAreSilent();
+    void helpAndDefaultsWhenUnreadable();
+
+private:
+    std::unique_ptr<CTestStore> m_store;
+    std::unique_ptr<CScriptedPlatform> m_platform;
+};
+
+void tst_DirectoriesDlg::init()
+{
+    m_store = std::make_unique<CTestStore>();
+    m_platform = std::make_unique<CScriptedPlatform>();
+    QVERIFY(m_store->isOpen());
+    QVERIFY(m_store->setString(nullptr, "MailSpoolDir", QStringLiteral("D:\\Velbrook\\Spool")));
+    QVERIFY(m_store->setNumber(nullptr, "UndeliverableDsnAction", 0));
+    VbClearFaults(*m_store);
+    m_store->reopen(); // fresh call counters
+}
+
+void tst_DirectoriesDlg::cleanup()
+{
+    QCOMPARE(m_platform->unusedAnswers(), 0);
+    QCOMPARE(m_platform->waitCursorDepth(), 0);
+    m_platform.reset();
+    m_store.reset();
+    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
+}
+
+void tst_DirectoriesDlg::showsStoredValuesAndServerName()
+{
+    QString title, spool;
+    bool keepDead = false, browseVisible = false;
+    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        title = d->windowTitle();
+        spool = Harness::control<QLineEdit>(d, "edtMailSpoolDir")->text();
+        keepDead = Harness::control<QCheckBox>(d, "chkKeepDead")->isChecked();
+        browseVisible = Harness::control<QPushButton>(d, "btnBrowse")->isVisible();
+        Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+    });
+    QCOMPARE(result, 2);
+    QVERIFY2(title.startsWith(QLatin1String("Mail directory locations on ")) && !title.contains(QLatin1String("%1")),
+             qPrintable(title));
+    QCOMPARE(spool, QStringLiteral("D:\\Velbrook\\Spool"));
+    QVERIFY(keepDead);
+    QVERIFY(browseVisible);
+    // The wait cursor was shown while the picker was prepared, and taken away again.
+    QCOMPARE(m_platform->callsOf(QStringLiteral("waitCursor")).size(), 2);
+}
+
+void tst_DirectoriesDlg::unchangedOkIsCancel_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<quint32>("storedAction");
+    QTest::addRow("untouched") << QString() << 0u;
+    // Case-only edits count as no change: the spool path compares without regard to case.
+    QTest::addRow("case only") << QStringLiteral("d:\\VELBROOK\\spool") << 0u;
+    // Any non-zero action shows a cleared box; leaving it cleared is no change.
+    QTest::addRow("action 7 left cleared") << QString() << 7u;
+}
+
+void tst_DirectoriesDlg::unchangedOkIsCancel()
+{
+    QFETCH(QString, typed);
+    QFETCH(quint32, storedAction);
+    QVERIFY(m_store->setNumber(nullptr, "UndeliverableDsnAction", storedAction));
+    m_store->reopen();
+    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        if (!typed.isEmpty())
+            Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), typed);
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(result, 2);
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
+    QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), QStringLiteral("D:\\Velbrook\\Spool"));
+    QCOMPARE(m_store->number(nullptr, "UndeliverableDsnAction"), std::optional<quint32>(storedAction));
+}
+
+void tst_DirectoriesDlg::changesAreWritten_data()
+{
+    QTest::addColumn<quint32>("storedAction");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("toggle");
+    QTest::addColumn<QString>("expectedSpool");
+    QTest::addColumn<quint32>("expectedAction");
+    QTest::addColumn<int>("expectedWrites");
+    QTest::addRow("new path only") << 0u << QStringLiteral("E:\\Mail\\Spool") << false
+                                   << QStringLiteral("E:\\Mail\\Spool") << 0u << 1;
+    QTest::addRow("clear the box writes 1") << 0u << QString() << true
+                                            << QStringLiteral("D:\\Velbrook\\Spool") << 1u << 1;
+    QTest::addRow("check the box over action 5 writes 0") << 5u << QString() << true
+                                                          << QStringLiteral("D:\\Velbrook\\Spool") << 0u << 1;
+    QTest::addRow("both") << 1u << QStringLiteral("\\\\filer\\spool") << true
+                          << QStringLiteral("\\\\filer\\spool") << 0u << 2;
+    QTest::addRow("non-ASCII path") << 0u << QStringLiteral("/srv/pošta/spool") << false
+                                    << QStringLiteral("/srv/pošta/spool") << 0u << 1;
+}
+
+void tst_DirectoriesDlg::changesAreWritten()
+{
+    QFETCH(quint32, storedAction);
+    QFETCH(QString, typed);
+    QFETCH(bool, toggle);
+    QFETCH(QString, expectedSpool);
+    QFETCH(quint32, expectedAction);
+    QFETCH(int, expectedWrites);
+    QVERIFY(m_store->setNumber(nullptr, "UndeliverableDsnAction", storedAction));
+    m_store->reopen();
+    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        if (!typed.isEmpty())
+            Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), typed);
+        if (toggle)
+            Harness::click(Harness::control<QCheckBox>(d, "chkKeepDead"));
+        Harness::pressEnter(Harness::control<QLineEdit>(d, "edtMailSpoolDir"));
+    });
+    QCOMPARE(result, 1);
+    QCOMPARE(int(m_store->calls("SetMailServerProperty")), expectedWrites);
+    QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), expectedSpool);
+    QCOMPARE(m_store->number(nullptr, "UndeliverableDsnAction"), std::optional<quint32>(expectedAction));
+    QVERIFY(m_platform->messages().isEmpty());
+}
+
+void tst_DirectoriesDlg::cancelWritesNothing()
+{
+    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), QStringLiteral("E:\\Other"));
+        Harness::click(Harness::control<QCheckBox>(d, "chkKeepDead"));
+        Harness::pressKey(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), Qt::Key_Escape);
+    });
+    QCOMPARE(result, 2);
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
+}
+
+void tst_DirectoriesDlg::networkDriveRefusedForLocalServer_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("root");
+    QTest::addRow("mapped drive") << QStringLiteral("z:\\spool") << QStringLiteral("Z:\\");
+    QTest::addRow("network mount") << QStringLiteral("/mnt/filer/spool") << QStringLiteral("/mnt/filer/spool");
+}
+
+void tst_DirectoriesDlg::networkDriveRefusedForLocalServer()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, root);
+    m_platform->setDriveType(root, DriveType::Remote);
+    bool stayedOpen = false;
+    QString focusAfter;
+    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        auto* edit = Harness::control<QLineEdit>(d, "edtMailSpoolDir");
+        Harness::typeInto(edit, typed);
+        Harness::click(Harness::control<QCheckBox>(d, "chkKeepDead"));
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        stayedOpen = d->isVisible();
+        focusAfter = d->focusWidget() ? d->focusWidget()->objectName() : QString();
+        // The person corrects the path and tries again: a UNC path is never checked.
+        Harness::typeInto(edit, QStringLiteral("\\\\filer\\spool"));
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QVERIFY(stayedOpen);
+    QCOMPARE(focusAfter, QStringLiteral("edtMailSpoolDir"));
+    const auto boxes = m_platform->callsOf(QStringLiteral("messageBox"));
+    QCOMPARE(boxes.size(), 1);
+    QCOMPARE(boxes[0].text, QStringLiteral("You must specify a local drive or a UNC path for this value."));
+    QCOMPARE(boxes[0].style & Mb::ButtonMask, unsigned(Mb::Ok));
+    QCOMPARE(m_platform->callsOf(QStringLiteral("driveType")).size(), 1);
+    QCOMPARE(m_platform->callsOf(QStringLiteral("driveType"))[0].text, root);
+    // Nothing of the refused attempt was written; the second attempt wrote both values.
+    QCOMPARE(result, 1);
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 2u);
+    QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), QStringLiteral("\\\\filer\\spool"));
+}
+
+void tst_DirectoriesDlg::remoteServerSkipsDriveCheckAndHidesBrowse()
+{
+    QVERIFY(m_store->setString("Machine", "MachineName", QStringLiteral("mx7.elsewhere.example")));
+    m_store->reopen();
+    m_platform->setDriveType(QStringLiteral("Z:\\"), DriveType::Remote);
+    bool browseVisible = true;
+    QString title;
+    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        browseVisible = Harness::control<QPushButton>(d, "btnBrowse")->isVisible();
+        title = d->windowTitle();
+        Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), QStringLiteral("Z:\\spool"));
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(result, 1);
+    QVERIFY(!browseVisible);
+    QCOMPARE(title, QStringLiteral("Mail directory locations on mx7.elsewhere.example"));
+    QVERIFY(m_platform->callsOf(QStringLiteral("driveType")).isEmpty());
+    QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), QStringLiteral("Z:\\spool"));
+}
+
+void tst_DirectoriesDlg::browseHiddenWithoutFolderPicking()
+{
+    m_platform->setCanPickFolder(false);
+    CDirectoriesDlg dialog(nullptr, *m_store);
+    dialog.ensureInitialised();
+    QVERIFY(dialog.findChild<QPushButton*>(QStringLiteral("btnBrowse"))->isHidden());
+}
+
+void tst_DirectoriesDlg::browsePutsChosenFolderIntoEdit_data()
+{
+    QTest::addColumn<bool>("picked");
+    QTest::addColumn<QString>("expected");
+    QTest::addRow("picked") << true << QStringLiteral("/var/spool/velbrook");
+    QTest::addRow("cancelled") << false << QStringLiteral("D:\\Velbrook\\Spool");
+}
+
+void tst_DirectoriesDlg::browsePutsChosenFolderIntoEdit()
+{
+    QFETCH(bool, picked);
+    QFETCH(QString, expected);
+    m_platform->answerFolder(picked ? std::optional<QString>(expected) : std::nullopt);
+    QString edited;
+    Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        Harness::click(Harness::control<QPushButton>(d, "btnBrowse"));
+        edited = Harness::control<QLineEdit>(d, "edtMailSpoolDir")->text();
+        Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+    });
+    QCOMPARE(edited, expected);
+    const auto picks = m_platform->callsOf(QStringLiteral("pickFolder"));
+    QCOMPARE(picks.size(), 1);
+    QCOMPARE(picks[0].text, QStringLiteral("Mail &spool directory:")); // the label is the title
+    QCOMPARE(picks[0].caption, QStringLiteral("D:\\Velbrook\\Spool")); // opened at the current path
+}
+
+void tst_DirectoriesDlg::failedWritesAreSilent()
+{
+    QVERIFY(VbInjectFault(*m_store, "SetMailServerProperty", nullptr, nullptr, VB_ERROR_ACCESS_DENIED, 0));
+    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), QStringLiteral("E:\\x"));
+        Harness::click(Harness::control<QCheckBox>(d, "chkKeepDead"));
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(result, 1);
+    QVERIFY(m_platform->messages().isEmpty());
+    VbClearFaults(*m_store);
+    QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), QStringLiteral("D:\\Velbrook\\Spool"));
+}
+
+void tst_DirectoriesDlg::helpAndDefaultsWhenUnreadable()
+{
+    QVERIFY(VbInjectFault(*m_store, "GetMailServerProperty", nullptr, nullptr, VB_ERROR_BUSY, 0));
+    CDirectoriesDlg dialog(nullptr, *m_store);
+    VbClearFaults(*m_store);
+    dialog.show();
+    QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("edtMailSpoolDir"))->text(), QString());
+    QVERIFY(dialog.findChild<QCheckBox*>(QStringLiteral("chkKeepDead"))->isChecked());
+    QCOMPARE(dialog.registryFormatVersion(), 0u);
+    QTest::keyClick(&dialog, Qt::Key_F1);
+    Harness::click(dialog.findChild<QPushButton*>(QStringLiteral("btnHelp")));
+    const auto help = m_platform->callsOf(QStringLiteral("help"));
+    QCOMPARE(help.size(), 2);
+    QCOMPARE(help[0].style, 133077u);
+    QCOMPARE(help[1].style, 133077u);
+    dialog.reject();
+    QCOMPARE(dialog.result(), 2);
+}
+
+QTEST_MAIN(tst_DirectoriesDlg)
+#include "tst_directoriesdlg.moc"
