@@ -36,6 +36,8 @@ VB_STORE_API int DeleteMailServerProperty(_tMailServer* server, const char* sect
 /* Multi-string of the property names of one section (VB_ERROR_MORE_DATA rules as above). */
 VB_STORE_API int EnumMailServerProperties(_tMailServer* server, const char* section, char* buffer,
                                           uint32_t* size);
+/* Multi-string of the sections that hold at least one property ("" for the server's own first). */
+VB_STORE_API int EnumMailServerSections(_tMailServer* server, char* buffer, uint32_t* size);
 
 /* List properties: a multi-valued property whose elements are changed one at a time. Reading the
  * property with GetMailServerProperty yields a multi-string (type 7) in insertion order; writing it
@@ -52,10 +54,12 @@ VB_STORE_API int RemoveFromMailServerListProperty(_tMailServer* server, const ch
 /* ---- constants and the machine -----------------------------------------------------------------
  * "MachineName" (text), "HostName" (text), "HostAddresses" (multi-string of the host's IPv4
  * addresses): taken from this host unless the store records an override for a server managed from
- * elsewhere. Same buffer rules as GetMailServerProperty. */
+ * elsewhere, as properties of the same names in section "Machine" (which also holds the number
+ * "RemotelyManaged"). Same buffer rules as GetMailServerProperty. */
 VB_STORE_API int GetMailServerConstant(_tMailServer* server, const char* name, void* buffer,
                                        uint32_t* size, uint32_t* type);
-/* Records that critical properties changed, with a time stamp a running server can watch. */
+/* Records that critical properties changed: the server property "CriticalPropertiesChanged" (no section)
+ * receives the time (seconds since 1970), which a running server watches. */
 VB_STORE_API int IndicateNewMailServerCriticalProperties(_tMailServer* server);
 
 typedef struct _tConfigConnectorInfo {
@@ -89,6 +93,14 @@ VB_STORE_API int IsMailServiceInstalled(_tMailServer* server, const char* servic
 VB_STORE_API int GetMailServiceStatus(_tMailServer* server, const char* service, uint32_t* state);
 VB_STORE_API int StartMailService(_tMailServer* server, const char* service);
 VB_STORE_API int StopMailService(_tMailServer* server, const char* service);
+/* Installs (or re-describes) a service. controller: "builtin" (its state is kept in the store; a start
+ * or stop stays pending for the number "PendingMilliseconds" of the service's section, 1000 when
+ * absent, before it completes) or "systemd" (unit: the systemd unit, whose ActiveState gives the
+ * state; start and stop run systemctl without waiting). state: the initial state of a builtin service.
+ * displayName, when not null, is written as "DisplayName" in the service's section. */
+VB_STORE_API int VbRegisterMailService(_tMailServer* server, const char* service, const char* displayName,
+                                       const char* controller, const char* unit, uint32_t state);
+VB_STORE_API int VbRemoveMailService(_tMailServer* server, const char* service);
 
 /* ---- manual routes -----------------------------------------------------------------------------
  * Lists allocated by the Alloc functions and freed by the Free functions of this library only. */

@@ -44,10 +44,13 @@
 /* Windows-compatible last-error codes the dialogs rely on. */
 #define VB_ERROR_SUCCESS 0u
 #define VB_ERROR_FILE_NOT_FOUND 2u       /* property, section or object not found */
+#define VB_ERROR_PATH_NOT_FOUND 3u       /* the store's folder does not exist */
 #define VB_ERROR_ACCESS_DENIED 5u        /* read-only store */
+#define VB_ERROR_NOT_ENOUGH_MEMORY 8u
 #define VB_ERROR_INVALID_DATA 13u        /* stored value of another type, or corrupt */
 #define VB_ERROR_NOT_SUPPORTED 50u
 #define VB_ERROR_INVALID_PARAMETER 87u
+#define VB_ERROR_DISK_FULL 112u
 #define VB_ERROR_BAD_ARGUMENTS 160u
 #define VB_ERROR_BUSY 170u               /* the store stayed locked past the busy timeout */
 #define VB_ERROR_ALREADY_EXISTS 183u
@@ -58,12 +61,22 @@
 #define VB_ERROR_SERVICE_ALREADY_RUNNING 1056u
 #define VB_ERROR_SERVICE_NOT_ACTIVE 1062u
 #define VB_ERROR_SERVICE_DOES_NOT_EXIST 1060u
+#define VB_ERROR_SERVICE_CANNOT_ACCEPT_CTRL 1061u /* a start or stop is still pending */
+#define VB_ERROR_SERVICE_REQUEST_TIMEOUT 1053u    /* the service manager did not do what was asked */
+#define VB_ERROR_IO_DEVICE 1117u
 #define VB_ERROR_BAD_FILE 0xE0000001u    /* the file is not a configuration store */
+#define VB_ERROR_STORE_FAILURE 0xE0000002u /* the database refused an operation for another reason */
 
 /* Application-defined codes of the configuration libraries (bit 0x20000000 set). */
 #define VB_ERROR_MAILBOX_LIMIT 0xE0100003u   /* no more mailboxes in this domain */
 #define VB_ERROR_PROPERTY_TOO_LARGE 0xE0100004u
 #define VB_ERROR_MAILLIST_LIMIT 0xE0200003u  /* no more mailing lists in this domain */
+/* Codes with a text of their own from GetMailboxManagerErrorString / GetMailingListManagerErrorString
+ * (bit 0x01000000 set). */
+#define VB_ERROR_MAILBOX_BAD_NAME 0xE1100001u
+#define VB_ERROR_MAILBOX_KEY_FILE 0xE1100002u
+#define VB_ERROR_MAILBOX_PASSWORD_SEALED 0xE1100003u
+#define VB_ERROR_MAILLIST_BAD_NAME 0xE1200001u
 
 /* One open configuration. Owned by whoever called OpenMailServer. */
 typedef struct _tMailServer _tMailServer;

@@ -1,0 +1,187 @@
+// The demonstration configuration.
+#include "velbrook/DemoConfiguration.h"
+
+#include <cstring>
+#include <ctime>
+
+#include "Handle_p.h"
+#include "velbrook/DomainStore.h"
+#include "velbrook/ListStore.h"
+#include "velbrook/MailboxStore.h"
+#include "velbrook/ServerStore.h"
+
+namespace {
+
+struct Text {
+    const char* section;
+    const char* name;
+    const char* value;
+};
+
+struct Number {
+    const char* section;
+    const char* name;
+    uint32_t value;
+};
+
+const Text kTexts[] = {
+    {nullptr, "MailSpoolDir", "/var/spool/velbrook"},
+    {nullptr, "IncomingMailCmd", "/usr/lib/velbrook/agents/incoming-filter --quiet"},
+    {nullptr, "ArchiveDir", "/var/lib/velbrook/archive"},
+    {nullptr, "MailLogDir", "/var/log/velbrook"},
+    {nullptr, "RetrySchedule",
+     "10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,"
+     "10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,"
+     "10:F,10:T,100:F,10:F,10:F"},
+    {nullptr, "WeekdaySchedule", "08:00-18:00"},
+    {nullptr, "WeekendSchedule", "10:00-14:00"},
+    {nullptr, "AcceptForRelayFrom", "192.168.10.*, 10.20.*"},
+    {nullptr, "AcceptForRelayTo", "partner.example.net, !bad.partner.example.net"},
+    {nullptr, "RblDomain", "zen.spamhaus.org"},
+    {nullptr, "RejectAllMailFrom", "spam-haven.example, *.bulkmail.example"},
+    {nullptr, "RejectAllMailFromAddresses", "offers@promo.example, noreply@junk.example"},
+    {nullptr, "DefaultDomain", "brennoway.example"},
+    {"Logging", "LogFilePrefix", "vb"},
+    {"CalendarMgr", "CalendarDir", "/var/lib/velbrook/calendars"},
+};
+
+const Number kNumbers[] = {
+    {nullptr, "RegistryFormatVersion", 5},
+    {nullptr, "UndeliverableDsnAction", 0},
+    {nullptr, "DialupEnabled", 0},
+    {nullptr, "QuotaCopyPostmaster", 1},
+    {nullptr, "QuotasEnabled", 1},
+    {nullptr, "QuotaFailPermanent", 0},
+    {nullptr, "QuotaMinWarningMsgGap", 7},
+    {nullptr, "QuotaDomainDefaultLimit", 512000},
+    {nullptr, "QuotaDomainDefaultTrigger", 460800},
+    {nullptr, "QuotaSiteNoMsgs", 18342},
+    {nullptr, "QuotaSiteTotSize", 2316544},
+    {nullptr, "QuotaSiteMsgSize", 2290112},
+    {nullptr, "QuotaSiteLastChecked", 0}, // replaced by the time of seeding
+    {nullptr, "MaxSmtpRecipients", 100},
+    {nullptr, "AcceptUnknownSmtpHosts", 1},
+    {nullptr, "LookupIncomingCalls", 0},
+    {nullptr, "NoRblForFriends", 1},
+    {nullptr, "NoThirdParyRelay", 1},
+    {nullptr, "NoUnauthenticatedRelay", 1},
+    {nullptr, "RblEnabled", 1},
+    {"SMTPRA", "NoUnqualifiedRecipients", 1},
+    {"SMTPRA", "NoUnqualifiedReturnPath", 0},
+    {"SMTPRA", "MaxTotalConnections", 200},
+    {"SMTPRA", "MaxClientConnections", 10},
+    {"SMTPRA", "Timeout", 900},
+    {"SMTPRA", "MaxThroughput", 20000},
+    {"SMTPRA", "NoMaxThroughputForFriends", 1},
+    {"CalendarMgr", "CalendarOn", 1},
+    {"CalendarMgr", "CalendarRemit", 2},
+    {"Statistics", "Enabled", 0xFFFFFFFFu},
+    {"Statistics", "DomainAutoReset", 86400},
+    {"Statistics", "MailboxAutoReset", 604800},
+    {"Logging", "LogLevel", 2},
+    {"Logging", "LogFlags", 0x1F},
+};
+
+struct Service {
+    const char* name;
+    const char* displayName;
+    uint32_t state;
+};
+
+const Service kServices[] = {
+    {"SMTPRA", "SMTP Receiver", VB_SERVICE_RUNNING},
+    {"SMTPDA", "SMTP Delivery", VB_SERVICE_RUNNING},
+    {"POP3", "POP3 Server", VB_SERVICE_RUNNING},
+    {"IMAP4", "IMAP4 Server", VB_SERVICE_RUNNING},
+    {"ListServer", "Mailing List Server", VB_SERVICE_RUNNING},
+    {"WebMail", "Web Mail Server", VB_SERVICE_STOPPED},
+};
+
+bool setText(_tMailServer* s, const char* section, const char* name, const char* value)
+{
+    return SetMailServerProperty(s, section, VB_TYPE_STRING, name, value, uint32_t(std::strlen(value) + 1)) != 0;
+}
+
+bool setNumber(_tMailServer* s, const char* section, const char* name, uint32_t value)
+{
+    return SetMailServerProperty(s, section, VB_TYPE_DWORD, name, &value, sizeof value) != 0;
+}
+
+bool seedServer(_tMailServer* s)
+{
+    for (const Text& t : kTexts)
+        if (!setText(s, t.section, t.name, t.value))
+            return false;
+    for (const Number& n : kNumbers) {
+        const uint32_t value = std::strcmp(n.name, "QuotaSiteLastChecked") == 0 ? uint32_t(std::time(nullptr)) : n.value;
+        if (!setNumber(s, n.section, n.name, value))
+            return false;
+    }
+    for (const Service& svc : kServices) {
+        if (!VbRegisterMailService(s, svc.name, svc.displayName, "builtin", nullptr, svc.state))
+            return false;
+        if (!setNumber(s, svc.name, "PendingMilliseconds", 1500))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool vbSeedDemoObjects(_tMailServer* server);
+
+extern "C" int VbSeedDemoConfiguration(_tMailServer* server)
+{
+    if (!server) {
+        SetLastError(VB_ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    if (uint32_t e = server->connector->begin()) {
+        SetLastError(e);
+        return 0;
+    }
+    if (!seedServer(server) || !vbSeedDemoObjects(server)) {
+        const uint32_t e = GetLastError();
+        server->connector->rollback();
+        SetLastError(e ? e : VB_ERROR_STORE_FAILURE);
+        return 0;
+    }
+    if (uint32_t e = server->connector->commit()) {
+        SetLastError(e);
+        return 0;
+    }
+    SetLastError(0);
+    return 1;
+}
+
+namespace {
+
+bool seedRoutes(_tMailServer* s)
+{
+    _tManualRoute* first = AllocManualRoute("*.partner.example.net", VB_ROUTE_FORCE);
+    _tManualRoute* second = AllocManualRoute("legacy.example.org", VB_ROUTE_ADDITIONAL);
+    _tManualRoute* third = AllocManualRoute("*", VB_ROUTE_DEFAULT);
+    if (!first || !second || !third) {
+        FreeManualRoutes(first);
+        FreeManualRoutes(second);
+        FreeManualRoutes(third);
+        return false;
+    }
+    first->next = second;
+    second->next = third;
+    first->hosts = AllocManualRouteMx("mx1.partner.example.net", 0, 10);
+    if (first->hosts)
+        first->hosts->next = AllocManualRouteMx("mx2.partner.example.net", 2525, 20);
+    second->hosts = AllocManualRouteMx("10.20.0.25", 0, 5);
+    third->hosts = AllocManualRouteMx("smarthost.isp.example", 587, 0);
+    const bool ok = SaveManualRoutes(s, first) != 0;
+    FreeManualRoutes(first);
+    return ok;
+}
+
+} // namespace
+
+bool vbSeedDemoObjects(_tMailServer* server)
+{
+    return seedRoutes(server);
+}

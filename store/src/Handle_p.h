@@ -1,0 +1,60 @@
+// The server handle and the helpers every C operation shares.
+#ifndef VB_STORE_HANDLE_P_H
+#define VB_STORE_HANDLE_P_H
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+#include "Connector.h"
+#include "velbrook/MailToolkit.h"
+
+struct _tMailServer {
+    std::string location;
+    std::unique_ptr<vb::Connector> connector; // the real one, or a fault injector wrapping it
+    bool faultsInstalled = false;
+    std::atomic<uint64_t> nextReportId{1};
+};
+
+namespace vb {
+
+class FaultConnector;
+
+// Returns the handle's fault injector, installing it in front of the real connector on first use.
+FaultConnector& faults(_tMailServer* server);
+
+// Sets the last error and returns 0, so that an operation can end with `return failWith(code);`.
+inline int failWith(uint32_t code)
+{
+    SetLastError(code);
+    return 0;
+}
+
+// Runs the handle's interception for an operation: 0 when the operation may go on.
+inline uint32_t intercept(_tMailServer* server, const char* operation, const char* section, const char* name,
+                          bool* forceMoreData = nullptr)
+{
+    bool force = false;
+    const uint32_t e = server->connector->intercept(operation, section, name, &force);
+    if (forceMoreData)
+        *forceMoreData = force;
+    return e;
+}
+
+// Copies a value out under the buffer rules: size counts the terminating zero; a null buffer asks for the
+// size; a buffer too small fails with VB_ERROR_MORE_DATA and *size = the size needed.
+int copyValueOut(const Value& value, void* buffer, uint32_t* size, uint32_t* type, bool forceMoreData);
+// Copies text (with its zero) or a multi-string under the same rules.
+int copyTextOut(const std::string& text, char* buffer, uint32_t* size);
+int copyMultiOut(const std::vector<std::string>& items, char* buffer, uint32_t* size);
+// Fixed-size text output (size without update): VB_ERROR_MORE_DATA when it does not fit.
+int copyTextFixed(const std::string& text, char* buffer, uint32_t size);
+// Parses what a caller hands to a Set operation. 0 on success, else the error code.
+uint32_t parseValueIn(uint32_t type, const void* data, uint32_t size, Value& value);
+
+// Largest value accepted, in bytes.
+constexpr uint32_t kMaxValueSize = 16u * 1024u * 1024u;
+
+} // namespace vb
+
+#endif

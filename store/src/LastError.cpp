@@ -1,0 +1,105 @@
+// The thread's last error and the texts of the codes the store and the dialogs use.
+#include <cstring>
+
+#include "velbrook/ListStore.h"
+#include "velbrook/MailToolkit.h"
+#include "velbrook/MailboxStore.h"
+
+namespace {
+
+thread_local uint32_t t_lastError = 0;
+
+struct CodeText {
+    uint32_t code;
+    const char* text;
+};
+
+const CodeText kTexts[] = {
+    {VB_ERROR_SUCCESS, "The operation completed successfully."},
+    {VB_ERROR_FILE_NOT_FOUND, "The system cannot find the file specified."},
+    {VB_ERROR_PATH_NOT_FOUND, "The system cannot find the path specified."},
+    {VB_ERROR_ACCESS_DENIED, "Access is denied."},
+    {VB_ERROR_NOT_ENOUGH_MEMORY, "Not enough memory resources are available to process this command."},
+    {VB_ERROR_INVALID_DATA, "The data is invalid."},
+    {VB_ERROR_NOT_SUPPORTED, "The request is not supported."},
+    {VB_ERROR_INVALID_PARAMETER, "The parameter is incorrect."},
+    {VB_ERROR_DISK_FULL, "There is not enough space on the disk."},
+    {VB_ERROR_BAD_ARGUMENTS, "One or more arguments are not correct."},
+    {VB_ERROR_BUSY, "The requested resource is in use."},
+    {VB_ERROR_ALREADY_EXISTS, "Cannot create a file when that file already exists."},
+    {VB_ERROR_MORE_DATA, "More data is available."},
+    {VB_ERROR_NO_MORE_ITEMS, "No more data is available."},
+    {VB_ERROR_SERVICE_REQUEST_TIMEOUT, "The service did not respond to the start or control request in a timely fashion."},
+    {VB_ERROR_SERVICE_ALREADY_RUNNING, "An instance of the service is already running."},
+    {VB_ERROR_SERVICE_DOES_NOT_EXIST, "The specified service does not exist as an installed service."},
+    {VB_ERROR_SERVICE_CANNOT_ACCEPT_CTRL, "The service cannot accept control messages at this time."},
+    {VB_ERROR_SERVICE_NOT_ACTIVE, "The service has not been started."},
+    {VB_ERROR_IO_DEVICE, "The request could not be performed because of an I/O device error."},
+    {VB_ERROR_NOT_FOUND, "Element not found."},
+    {VB_ERROR_CANCELLED, "The operation was canceled by the user."},
+    {VB_ERROR_BAD_FILE, "The file is not a mail server configuration store."},
+    {VB_ERROR_STORE_FAILURE, "The configuration store could not complete the operation."},
+    {VB_ERROR_MAILBOX_LIMIT, "You cannot create any more mailboxes in this domain."},
+    {VB_ERROR_PROPERTY_TOO_LARGE, "The property is too large."},
+    {VB_ERROR_MAILLIST_LIMIT, "You cannot create any more mail lists in this domain."},
+    {VB_ERROR_MAILBOX_BAD_NAME, "The mailbox name is not valid."},
+    {VB_ERROR_MAILBOX_KEY_FILE, "The mailbox password key file cannot be read or created."},
+    {VB_ERROR_MAILBOX_PASSWORD_SEALED, "The stored mailbox password cannot be decrypted with this key file."},
+    {VB_ERROR_MAILLIST_BAD_NAME, "The mailing list or member name is not valid."},
+};
+
+const char* textOf(uint32_t code)
+{
+    for (const CodeText& t : kTexts)
+        if (t.code == code)
+            return t.text;
+    return nullptr;
+}
+
+int managerText(uint32_t code, uint32_t family, char* text, uint32_t size)
+{
+    if ((code & 0xE0F00000u) != (0xE0000000u | family))
+        return 0;
+    const char* t = textOf(code);
+    if (!t || !text || size == 0)
+        return 0;
+    const size_t n = std::strlen(t);
+    if (n + 1 > size)
+        return 0;
+    std::memcpy(text, t, n + 1);
+    return 1;
+}
+
+} // namespace
+
+extern "C" {
+
+uint32_t GetLastError(void) { return t_lastError; }
+void SetLastError(uint32_t code) { t_lastError = code; }
+
+uint32_t VbErrorText(uint32_t code, char* text, uint32_t size)
+{
+    if (!text || size == 0)
+        return 0;
+    const char* t = code == VB_ERROR_SUCCESS ? "" : textOf(code);
+    if (!t)
+        t = "";
+    size_t n = std::strlen(t);
+    if (n + 1 > size)
+        n = size - 1; // cut, never overrun
+    std::memcpy(text, t, n);
+    text[n] = '\0';
+    return uint32_t(n);
+}
+
+int GetMailboxManagerErrorString(uint32_t code, char* text, uint32_t size)
+{
+    return managerText(code, 0x00100000u, text, size);
+}
+
+int GetMailingListManagerErrorString(uint32_t code, char* text, uint32_t size)
+{
+    return managerText(code, 0x00200000u, text, size);
+}
+
+} // extern "C"
