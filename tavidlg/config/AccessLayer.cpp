@@ -48,7 +48,9 @@ bool ReadServerNumber(_tMailServer* server, const char* section, const char* nam
 {
     uint32_t number = 0;
     uint32_t size = sizeof number;
-    if (GetMailServerProperty(server, section, name, &number, &size, nullptr)) {
+    uint32_t type = 0;
+    // A short text would fit the 4-byte buffer too; only a stored number counts as read.
+    if (GetMailServerProperty(server, section, name, &number, &size, &type) && type == VB_TYPE_DWORD) {
         value = number;
         return true;
     }
