@@ -1,0 +1,302 @@
+#include "ConsoleWindow.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QIcon>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <velbrook/DomainStore.h>
+#include <velbrook/MailToolkit.h>
+#include <velbrook/ServerStore.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace {
+
+using TaviOwner = uintptr_t;
+using EntryNone = int (*)(TaviOwner, _tMailServer*);
+using EntryOne = int (*)(TaviOwner, _tMailServer*, const char*);
+using EntryTwo = int (*)(TaviOwner, _tMailServer*, const char*, const char*);
+using EntryLogFlags = int (*)(TaviOwner, _tMailServer*, const char*, uint32_t*, uint32_t);
+
+QString constant(_tMailServer* server, const char* name)
+{
+    char buffer[257] = {};
+    uint32_t size = sizeof buffer;
+    if (!GetMailServerConstant(server, name, buffer, &size, nullptr))
+        return QString();
+    buffer[sizeof buffer - 1] = '\0';
+    return QString::fromUtf8(buffer);
+}
+
+// Sets an environment variable for one call.
+class ScopedEnv {
+public:
+    ScopedEnv(const char* name, const QString& value) : m_name(name), m_active(!value.isEmpty())
+    {
+        if (m_active)
+            qputenv(m_name, value.toUtf8());
+    }
+    ~ScopedEnv()
+    {
+        if (m_active)
+            qunsetenv(m_name);
+    }
+
+private:
+    const char* m_name;
+    bool m_active;
+};
+
+} // namespace
+
+ConsoleWindow::ConsoleWindow(_tMailServer* server, QWidget* parent) : QMainWindow(parent), m_server(server)
+{
+    setObjectName(QStringLiteral("ConsoleWindow"));
+    setWindowTitle(QStringLiteral("Velbrook Administration Console"));
+    setWindowIcon(QIcon(QStringLiteral(":/tavidlg/velbrook-32.png")));
+
+    auto* central = new QWidget(this);
+    auto* layout = new QVBoxLayout(central);
+    auto* serverBox = new QGroupBox(QStringLiteral("Server"), central);
+    auto* form = new QFormLayout(serverBox);
+    m_serverName = new QLabel(serverBox);
+    m_serverName->setObjectName(QStringLiteral("lblServerName"));
+    m_location = new QLabel(serverBox);
+    m_location->setObjectName(QStringLiteral("lblLocation"));
+    m_location->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_location->setWordWrap(true);
+    m_connector = new QLabel(serverBox);
+    m_connector->setObjectName(QStringLiteral("lblConnector"));
+    form->addRow(QStringLiteral("Name:"), m_serverName);
+    form->addRow(QStringLiteral("Location:"), m_location);
+    form->addRow(QStringLiteral("Connector:"), m_connector);
+    layout->addWidget(serverBox);
+
+    auto* dialogsLabel = new QLabel(QStringLiteral("&Settings:"), central);
+    m_dialogs = new QTreeWidget(central);
+    m_dialogs->setObjectName(QStringLiteral("lstDialogs"));
+    m_dialogs->setHeaderHidden(true);
+    m_dialogs->setRootIsDecorated(true);
+    dialogsLabel->setBuddy(m_dialogs);
+    layout->addWidget(dialogsLabel);
+    layout->addWidget(m_dialogs, 1);
+    auto* open = new QPushButton(QStringLiteral("&Open..."), central);
+    open->setObjectName(QStringLiteral("btnOpen"));
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(open);
+    layout->addLayout(buttons);
+    setCentralWidget(central);
+
+    connect(m_dialogs, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) { openItem(item); });
+    connect(open, &QPushButton::clicked, this, [this] { openItem(m_dialogs->currentItem()); });
+
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    m_status = new QLabel(this);
+    statusBar()->addWidget(m_status, 1);
+    resize(520, 560);
+    refreshServer();
+}
+
+bool ConsoleWindow::loadLibrary()
+{
+    // Next to the console's own build or install tree first, then wherever the system looks.
+    const QString name = QStringLiteral(TAVI_LIBRARY_FILE);
+    const QString appDir = QCoreApplication::applicationDirPath();
+    for (const QString& candidate : {appDir + QStringLiteral("/../lib/") + name, appDir + QLatin1Char('/') + name}) {
+        if (QFileInfo::exists(candidate)) {
+            m_library.setFileName(QDir::cleanPath(candidate));
+            break;
+        }
+    }
+    if (m_library.fileName().isEmpty())
+        m_library.setFileName(QStringLiteral("TaviDlg"));
+    if (!m_library.load()) {
+        m_error = m_library.errorString();
+        m_status->setText(QStringLiteral("The dialog library could not be loaded: %1").arg(m_error));
+        return false;
+    }
+    fillDialogList();
+    return true;
+}
+
+bool ConsoleWindow::isAvailable(const DialogRow& row)
+{
+    return m_library.isLoaded() && m_library.resolve(row.entryPoint) != nullptr;
+}
+
+void ConsoleWindow::refreshServer()
+{
+    QString name = constant(m_server, "MachineName");
+    if (!IsLocalMachine(m_server))
+        name += QStringLiteral(" (managed from here)");
+    m_serverName->setText(name.isEmpty() ? QStringLiteral("(unknown)") : name);
+    const char* location = GetMailServerLocation(m_server);
+    m_location->setText(QString::fromUtf8(location ? location : ""));
+    _tConfigConnectorInfo info = {};
+    info.cbSize = sizeof info;
+    QString connector = QStringLiteral("(unknown)");
+    if (GetConfigConnectorInfo(m_server, &info)) {
+        connector = info.connectorType == 0 ? QStringLiteral("Embedded (SQLite)") : QStringLiteral("PostgreSQL");
+        if (info.clustered)
+            connector += QStringLiteral(", clustered");
+        if (info.flags & 1u)
+            connector += QStringLiteral(", read-only");
+        connector += QStringLiteral(", schema %1").arg(info.version);
+    }
+    m_connector->setText(connector);
+}
+
+void ConsoleWindow::fillDialogList()
+{
+    m_dialogs->clear();
+    QTreeWidgetItem* group = nullptr;
+    int count = 0;
+    for (const DialogRow& row : dialogTable()) {
+        if (!isAvailable(row))
+            continue;
+        const QString groupName = QString::fromUtf8(row.group);
+        if (!group || group->text(0) != groupName) {
+            group = new QTreeWidgetItem(m_dialogs, {groupName});
+            group->setFlags(Qt::ItemIsEnabled);
+            group->setExpanded(true);
+        }
+        auto* item = new QTreeWidgetItem(group, {QString::fromUtf8(row.title)});
+        item->setData(0, Qt::UserRole, QString::fromUtf8(row.entryPoint));
+        item->setToolTip(0, QString::fromUtf8(row.entryPoint));
+        ++count;
+    }
+    m_status->setText(count == 1 ? QStringLiteral("1 dialog available")
+                                 : QStringLiteral("%1 dialogs available").arg(count));
+    if (QTreeWidgetItem* first = m_dialogs->topLevelItemCount() ? m_dialogs->topLevelItem(0)->child(0) : nullptr)
+        m_dialogs->setCurrentItem(first);
+}
+
+void ConsoleWindow::openItem(QTreeWidgetItem* item)
+{
+    if (!item)
+        return;
+    const QString entry = item->data(0, Qt::UserRole).toString();
+    for (const DialogRow& row : dialogTable()) {
+        if (entry == QLatin1String(row.entryPoint)) {
+            const int result = openDialog(row);
+            if (result != -100)
+                m_status->setText(QStringLiteral("%1 returned %2").arg(entry).arg(result));
+            refreshServer();
+            return;
+        }
+    }
+}
+
+QString ConsoleWindow::defaultDomain() const
+{
+    char name[256] = {};
+    if (!GetDefaultDomainName(m_server, name, sizeof name))
+        return QString();
+    name[sizeof name - 1] = '\0';
+    return QString::fromUtf8(name);
+}
+
+QString ConsoleWindow::askDomain(bool* ok)
+{
+    QStringList domains;
+    if (_tDomainEnum* e = StartDomainEnumeration(m_server)) {
+        char name[256];
+        uint32_t size = sizeof name;
+        while (FindNextDomain(e, name, &size)) {
+            domains.append(QString::fromUtf8(name, qsizetype(qstrnlen(name, sizeof name))));
+            size = sizeof name;
+        }
+        CloseDomainEnumeration(e);
+    }
+    return QInputDialog::getItem(this, QStringLiteral("Choose a domain"), QStringLiteral("&Domain:"), domains,
+                                 qMax(0, int(domains.indexOf(defaultDomain()))), true, ok);
+}
+
+int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot)
+{
+    QFunctionPointer symbol = m_library.resolve(row.entryPoint);
+    if (!symbol)
+        return -100;
+    const bool interactive = screenshot.isEmpty();
+    const TaviOwner owner = interactive ? TaviOwner(winId()) : 0;
+    ScopedEnv shot("TAVI_SCREENSHOT", screenshot);
+    bool ok = true;
+    switch (row.args) {
+    case EntryArgs::None:
+        return reinterpret_cast<EntryNone>(symbol)(owner, m_server);
+    case EntryArgs::Domain:
+    case EntryArgs::DomainList: {
+        const QString domain = interactive ? askDomain(&ok) : defaultDomain();
+        if (!ok)
+            return -100;
+        if (row.args == EntryArgs::Domain)
+            return reinterpret_cast<EntryOne>(symbol)(owner, m_server, domain.toUtf8().constData());
+        return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, domain.toUtf8().constData(), "Blacklist");
+    }
+    case EntryArgs::Mailbox:
+    case EntryArgs::MailList:
+    case EntryArgs::MailboxList: {
+        const QString what = row.args == EntryArgs::MailList ? QStringLiteral("list") : QStringLiteral("mailbox");
+        const QString name = interactive
+            ? QInputDialog::getText(this, QStringLiteral("Open a %1").arg(what),
+                                    QStringLiteral("&Name of the %1 (local part):").arg(what), QLineEdit::Normal,
+                                    QString(), &ok)
+            : QStringLiteral("postmaster");
+        if (!ok)
+            return -100;
+        const QByteArray first = name.toUtf8(), second = defaultDomain().toUtf8();
+        return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, first.constData(), second.constData());
+    }
+    case EntryArgs::Service:
+        return reinterpret_cast<EntryOne>(symbol)(owner, m_server, "SMTPRA");
+    case EntryArgs::ServiceControl:
+        return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, "SMTPRA", "SMTP Receiver");
+    case EntryArgs::ServerList:
+        return reinterpret_cast<EntryOne>(symbol)(owner, m_server, "Blacklist");
+    case EntryArgs::LogFlags: {
+        uint32_t flags = 0;
+        return reinterpret_cast<EntryLogFlags>(symbol)(owner, m_server, "Log Flags", &flags, 0xFFFFFFFFu);
+    }
+    }
+    return -100;
+}
+
+int ConsoleWindow::renderAll(const QString& dir)
+{
+    QDir().mkpath(dir);
+    int failures = 0;
+    for (const DialogRow& row : dialogTable()) {
+        if (!isAvailable(row))
+            continue;
+        const QString file = QDir(dir).filePath(QString::fromUtf8(row.entryPoint) + QStringLiteral(".png"));
+        const int result = openDialog(row, file);
+        const bool saved = result != -1 && QFileInfo::exists(file);
+        std::printf("%s %s\n", saved ? "rendered" : "FAILED  ", qPrintable(file));
+        failures += saved ? 0 : 1;
+    }
+    show();
+    QCoreApplication::processEvents();
+    const QString self = QDir(dir).filePath(QStringLiteral("velbrook-console.png"));
+    if (!grab().save(self, "PNG"))
+        ++failures;
+    else
+        std::printf("rendered %s\n", qPrintable(self));
+    hide();
+    return failures;
+}
