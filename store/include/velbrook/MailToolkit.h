@@ -20,10 +20,6 @@ VB_STORE_API void SetLastError(uint32_t code);
  * a trailing line break; an empty string for a code we do not know. Returns the length written. */
 VB_STORE_API uint32_t VbErrorText(uint32_t code, char* text, uint32_t size);
 
-#ifndef VB_ERROR_NOT_ENOUGH_MEMORY
-#define VB_ERROR_NOT_ENOUGH_MEMORY 8u /* an allocation failed */
-#endif
-
 /* ---- IPv4 subnet lists -------------------------------------------------------------------------
  * A singly linked list owned through a pointer to its first element. Addresses and masks are in host
  * byte order (192.168.0.0 is 0xC0A80000). A subnet is valid when the mask is contiguous and the
