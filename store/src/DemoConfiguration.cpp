@@ -181,7 +181,117 @@ bool seedRoutes(_tMailServer* s)
 
 } // namespace
 
+
+namespace {
+
+struct DemoMailbox {
+    const char* local;
+    const char* fullName;
+    uint32_t counters[7];
+};
+
+struct DemoDomain {
+    const char* name;
+    const char* ipAddress;
+    const char* synonym;
+    DemoMailbox mailboxes[4];
+    const char* list;
+    const char* members[3];
+};
+
+const DemoDomain kDomains[] = {
+    {"brennoway.example", "", "mail.brennoway.example",
+     {{"postmaster", "Postmaster", {12, 48211, 10244, 0, 0, 5120, 0}},
+      {"alice", "Alice Marsh", {310, 2841921, 1931022, 15022331, 120331, 0, 0}},
+      {"bob", "Bob Tennant", {42, 301233, 99120, 0, 0, 822310, 1200}},
+      {"carol", "Carol O'Hara", {0, 0, 0, 0, 0, 0, 0}}},
+     "staff", {"alice@brennoway.example", "bob@brennoway.example", "carol@brennoway.example"}},
+    {"sales.brennoway.example", "192.0.2.25", nullptr,
+     {{"orders", "Order Desk", {1822, 9120331, 7120881, 0, 0, 0, 0}},
+      {"dave", "Dave Lin", {77, 512003, 210332, 3320111, 40112, 0, 0}},
+      {nullptr, nullptr, {}},
+      {nullptr, nullptr, {}}},
+     "customers", {"announce@partner.example.net", "\"Smith, J\"@customer.example", nullptr}},
+    {"lab.example.org", "198.51.100.7", "labs.example.org",
+     {{"eve", "Eve Sanders", {5, 20331, 8120, 120, 88, 70221, 3010}},
+      {"build", "Build Robot", {920, 120331221, 800221, 0, 0, 0, 0}},
+      {nullptr, nullptr, {}},
+      {nullptr, nullptr, {}}},
+     "builds", {"build@lab.example.org", "eve@lab.example.org", nullptr}},
+};
+
+bool setDomainNumber(_tDomain* d, const char* name, uint32_t value)
+{
+    return SetDomainProperty(d, VB_TYPE_DWORD, name, &value, 4) != 0;
+}
+
+bool setDomainText(_tDomain* d, const char* name, const char* value)
+{
+    return SetDomainProperty(d, VB_TYPE_STRING, name, value, uint32_t(std::strlen(value) + 1)) != 0;
+}
+
+bool seedDomain(_tMailServer* s, const DemoDomain& dd)
+{
+    if (!CreateDomain(s, dd.name) && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+        return false;
+    _tDomain* d = OpenDomain(s, dd.name);
+    if (!d)
+        return false;
+    const std::string base = std::string("/var/spool/velbrook/") + dd.name;
+    bool ok = setDomainText(d, "MailInBoxDir", (base + "/mailboxes").c_str())
+              && setDomainText(d, "MailListDir", (base + "/lists").c_str())
+              && setDomainNumber(d, "LocalFailuresToPostmaster", 1) && setDomainNumber(d, "MaxMailboxes", 500)
+              && setDomainNumber(d, "MaxMailLists", 50) && setDomainNumber(d, "QuotaLimit", 0xFFFFFFFFu)
+              && setDomainNumber(d, "QuotaTrigger", 0xFFFFFFFFu) && setDomainNumber(d, "QuotaDefaultLimit", 102400)
+              && setDomainNumber(d, "QuotaDefaultTrigger", 92160) && setDomainNumber(d, "QuotaRealTime", 0)
+              && setDomainNumber(d, "MultiLevelMailboxDirs", 0) && setDomainNumber(d, "CalendarRemit", 2)
+              && setDomainNumber(d, "QuotaMsgSize", 48211) && setDomainNumber(d, "QuotaNoMsgs", 1204);
+    if (ok && *dd.ipAddress)
+        ok = setDomainText(d, "IpAddress", dd.ipAddress);
+    CloseDomain(d);
+    if (ok && dd.synonym && !CreateDomainSynonym(s, dd.name, dd.synonym) && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+        ok = false;
+    for (const DemoMailbox& m : dd.mailboxes) {
+        if (!ok || !m.local)
+            break;
+        const std::string address = std::string(m.local) + "@" + dd.name;
+        if (!CreateMailbox(s, address.c_str()) && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+            return false;
+        _tMailbox* mb = OpenMailbox(s, address.c_str());
+        if (!mb)
+            return false;
+        const uint32_t one = 1, now = uint32_t(std::time(nullptr));
+        ok = SetMailboxProperty(mb, VB_TYPE_STRING, "FullName", m.fullName, uint32_t(std::strlen(m.fullName) + 1))
+             && SetMailboxProperty(mb, VB_TYPE_DWORD, "SpamScannerType", &one, 4)
+             && SetMailboxProperty(mb, VB_TYPE_DWORD, "CalendarType", &one, 4)
+             && SetMailboxProperty(mb, VB_TYPE_DWORD, "StatisticsDate", &now, 4)
+             && SetMailboxPassword(mb, (std::string(m.local) + "-Demo-2024").c_str());
+        for (int i = 0; ok && i < 7; ++i)
+            ok = SetMailboxProperty(mb, VB_TYPE_DWORD, vb::kTrafficCounterNames[i], &m.counters[i], 4) != 0;
+        CloseMailbox(mb);
+    }
+    if (ok && dd.list) {
+        if (!CreateMailingList(s, dd.list, dd.name) && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+            return false;
+        _tMailingList* l = OpenMailingList(s, dd.list, dd.name);
+        if (!l)
+            return false;
+        const char description[] = "Demonstration list";
+        ok = SetMailingListProperty(l, VB_TYPE_STRING, "Description", description, sizeof description) != 0;
+        for (const char* member : dd.members)
+            if (ok && member && !AddMailingListMember(l, member) && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+                ok = false;
+        CloseMailingList(l);
+    }
+    return ok;
+}
+
+} // namespace
+
 bool vbSeedDemoObjects(_tMailServer* server)
 {
+    for (const DemoDomain& d : kDomains)
+        if (!seedDomain(server, d))
+            return false;
     return seedRoutes(server);
 }

@@ -126,19 +126,15 @@ uint32_t SqliteConnector::begin()
     std::lock_guard lock(m_mutex);
     if (m_readOnly)
         return VB_ERROR_ACCESS_DENIED;
-    if (m_depth++ > 0)
-        return 0;
-    Stmt s = prepare("BEGIN IMMEDIATE");
-    if (!s) {
-        --m_depth;
+    // Nested transactions are savepoints, so that an inner failure undoes only its own work.
+    Stmt s = prepare(m_depth == 0 ? "BEGIN IMMEDIATE" : "SAVEPOINT vb_nested");
+    if (!s)
         return VB_ERROR_STORE_FAILURE;
-    }
     const int rc = s.step();
-    if (rc != SQLITE_DONE) {
-        --m_depth;
+    if (rc != SQLITE_DONE)
         return fail(rc);
-    }
-    m_mutex.lock(); // held until the outermost commit or rollback
+    if (m_depth++ == 0)
+        m_mutex.lock(); // held until the outermost commit or rollback
     return 0;
 }
 
@@ -147,8 +143,12 @@ uint32_t SqliteConnector::commit()
     std::lock_guard lock(m_mutex);
     if (m_depth == 0)
         return 0;
-    if (--m_depth > 0)
-        return 0;
+    if (m_depth > 1) {
+        Stmt s = prepare("RELEASE vb_nested");
+        const int rc = s.step();
+        --m_depth;
+        return rc == SQLITE_DONE ? 0 : fail(rc);
+    }
     Stmt s = prepare("COMMIT");
     const int rc = s.step();
     uint32_t error = 0;
@@ -156,6 +156,7 @@ uint32_t SqliteConnector::commit()
         error = fail(rc);
         sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
     }
+    m_depth = 0;
     m_mutex.unlock();
     return error;
 }
@@ -165,9 +166,13 @@ void SqliteConnector::rollback()
     std::lock_guard lock(m_mutex);
     if (m_depth == 0)
         return;
-    // An inner failure rolls the whole transaction back; the outer commit then finds nothing to commit.
-    m_depth = 0;
+    if (m_depth > 1) {
+        sqlite3_exec(m_db, "ROLLBACK TO vb_nested; RELEASE vb_nested", nullptr, nullptr, nullptr);
+        --m_depth;
+        return;
+    }
     sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+    m_depth = 0;
     m_mutex.unlock();
 }
 

@@ -13,7 +13,13 @@ VB_BEGIN_DECLS
 typedef struct _tDomain _tDomain;
 typedef struct _tDomainEnum _tDomainEnum;
 
-/* name: null or "" opens the default domain. VB_ERROR_FILE_NOT_FOUND when there is no such domain. */
+/* Readiness of the domain store for a server (used by CDomainStoreDependancy): Init checks that the
+ * server's domains can be read and counts a user; Term releases one. */
+VB_STORE_API int InitDomainStore(_tMailServer* server);
+VB_STORE_API int TermDomainStore(void);
+
+/* The default domain is the one the server property "DefaultDomain" names, else the oldest domain.
+ * name: null or "" opens the default domain. VB_ERROR_FILE_NOT_FOUND when there is no such domain. */
 VB_STORE_API _tDomain* OpenDomain(_tMailServer* server, const char* name);
 VB_STORE_API int CloseDomain(_tDomain* domain);
 /* Creates an empty domain (VB_ERROR_ALREADY_EXISTS when present); DestroyDomain removes it with its
@@ -44,12 +50,14 @@ VB_STORE_API int DestroyDomainSynonym(_tMailServer* server, const char* synonym)
 /* Turns a synonym into a domain of its own. */
 VB_STORE_API int ConvertDomainSynonym(_tMailServer* server, const char* synonym);
 
+/* size: the buffer's size, not updated; VB_ERROR_MORE_DATA when the name does not fit. */
 VB_STORE_API int GetDefaultDomainName(_tMailServer* server, char* name, uint32_t size);
 /* The domain whose "IpAddress" is address; VB_ERROR_FILE_NOT_FOUND when none. */
 VB_STORE_API int GetDomainFromAddress(_tMailServer* server, const char* address, char* name, uint32_t size);
 VB_STORE_API int AliasNamesSupported(_tMailServer* server);
 /* Multi-string of the domain's alias names. */
 VB_STORE_API int GetDomainAliasNames(_tMailServer* server, const char* domain, char* buffer, uint32_t* size);
+/* alias: "alias@domain" or a bare alias of the default domain; name receives "mailbox@domain". */
 VB_STORE_API int GetAliasPrincipalName(_tMailServer* server, const char* alias, char* name, uint32_t size);
 
 VB_STORE_API int CountMailboxesInDomain(_tMailServer* server, const char* domain, uint32_t* count);

@@ -44,9 +44,13 @@ typedef struct _tMailingListPluginInfo {
     uint16_t reserved0;
     char title[16];          /* the title itself, for hosts without the plug-in's module */
 } _tMailingListPluginInfo;
+/* kind 2 when the list's number "ListKind" is 2 (no member roster), else 1. */
 VB_STORE_API int GetMailingListPluginInfo(_tMailingList* list, _tMailingListPluginInfo* info);
 
-/* Membership configuration: a copy of the list's membership rules that can be edited and saved. */
+/* Membership configuration: a copy of the list's membership rules (texts kept in the list's section
+ * "Membership") that can be edited and saved. Edit with a null value removes a rule; Changed is
+ * non-zero when the copy differs from what was loaded or last saved; Save writes only the differences,
+ * in one transaction. */
 VB_STORE_API _tMembershipConfig* LoadMailingListMembershipConfiguration(_tMailingList* list);
 VB_STORE_API int EditMailingListMembershipConfiguration(_tMembershipConfig* config, const char* name,
                                                          const char* value);

@@ -11,7 +11,24 @@ VB_BEGIN_DECLS
 
 typedef struct _tMailbox _tMailbox;
 
-/* address: "local@domain", or a bare local part for the default domain. */
+/* As InitDomainStore / TermDomainStore, for CMailboxStoreDependancy. */
+VB_STORE_API int InitMailboxStore(_tMailServer* server);
+VB_STORE_API int TermMailboxStore(void);
+
+/* address: "local@domain", or a bare local part for the default domain. CreateMailbox fails with
+ * VB_ERROR_MAILBOX_LIMIT when the domain's "MaxMailboxes" (4294967295: no limit) is reached, and with
+ * VB_ERROR_MAILBOX_BAD_NAME for an empty or over-long local part.
+ *
+ * The mailbox properties "RCPTCommands", "SMTPBytesReceived", "SMTPBytesSent", "IMAPBytesSent",
+ * "IMAPBytesReceived", "POPBytesSent" and "POPBytesReceived" are the traffic counters (numbers, 0 until
+ * counted) that the traffic report filters on.
+ *
+ * Effective scanner settings: "SpamScannerTypeEffective", "GreylistTypeEffective" and
+ * "VirusScannerTypeEffective" are read-only numbers (1 on, 0 off) computed on every read from the
+ * property of the same name without "Effective" at three levels. The server's own (no section) and the
+ * domain's each hold 0 or nothing (leave it to the level below), 1 (force scanning on) or 2 (force it
+ * off); the server's forcing wins over the domain's; when neither forces, the mailbox's own choice
+ * decides (non-zero: on). */
 VB_STORE_API _tMailbox* OpenMailbox(_tMailServer* server, const char* address);
 VB_STORE_API int CloseMailbox(_tMailbox* mailbox);
 VB_STORE_API int CreateMailbox(_tMailServer* server, const char* address);
