@@ -9,6 +9,7 @@ packages=(
   libsqlite3-dev sqlite3 libpq-dev libsodium-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core
+  clang-14 libclang-rt-14-dev   # libFuzzer for the fuzz targets (TAVI_FUZZ)
 )
 missing=()
 for p in "${packages[@]}"; do
