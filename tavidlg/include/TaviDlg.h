@@ -37,6 +37,18 @@ VB_BEGIN_DECLS
 
 /* Server settings. */
 TAVIDLG_API int EditDirectories(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int EditAgents(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int EditQuotas(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int EditCalendaring(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int EditTrafficCounters(TaviOwner owner, _tMailServer* server);
+
+/* Services. service: the store's name of the service (GetMailServiceList); caption: the window caption,
+ * shown as it stands. */
+TAVIDLG_API int ServiceControlDialog(TaviOwner owner, _tMailServer* server, const char* service,
+                                     const char* caption);
+
+/* Logging. */
+TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
 
 VB_END_DECLS
 
