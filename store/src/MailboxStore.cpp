@@ -192,8 +192,13 @@ int CreateMailbox(_tMailServer* server, const char* address)
     Value max;
     if (server->connector->getProperty(d, "", "MaxMailboxes", max) == 0 && max.type == VB_TYPE_DWORD
         && max.number != UINT32_MAX) {
+        // The maintained count, not a count of the domain's rows on every creation.
+        Value count;
         uint64_t n = 0;
-        e = server->connector->countObjects(Kind::Mailbox, d.id, n);
+        if (server->connector->getProperty(d, "", "MailboxCount", count) == 0 && count.type == VB_TYPE_DWORD)
+            n = count.number;
+        else
+            e = server->connector->countObjects(Kind::Mailbox, d.id, n);
         if (!e && n >= max.number)
             e = VB_ERROR_MAILBOX_LIMIT;
     }

@@ -802,8 +802,21 @@ uint32_t SqliteConnector::firstObject(Kind kind, int64_t parent, ObjectRef& obje
     return 0;
 }
 
-uint32_t SqliteConnector::updateMailboxCount(int64_t domain)
+uint32_t SqliteConnector::updateMailboxCount(int64_t domain, int64_t delta)
 {
+    // Kept by increments, inside the transaction that adds or removes the mailbox: counting the domain's
+    // mailboxes on every change would make filling a large domain quadratic.
+    {
+        Stmt u = prepare("UPDATE property SET value = max(0, coalesce(value, 0) + ?2) "
+                         "WHERE owner = ?1 AND section_key = '' AND name_key = 'mailboxcount' AND type = 4");
+        u.bind(1, domain).bind(2, delta);
+        const int rc = u.step();
+        if (rc != SQLITE_DONE)
+            return fail(rc);
+        if (sqlite3_changes(m_db) > 0)
+            return 0;
+    }
+    // No count yet (or not a number): count once.
     Stmt s = prepare("INSERT INTO property(owner, section_key, name_key, section, name, type, value) "
                      "VALUES (?1, '', 'mailboxcount', '', 'MailboxCount', 4, "
                      "(SELECT count(*) FROM object WHERE kind = 2 AND parent = ?1)) "
@@ -838,7 +851,7 @@ uint32_t SqliteConnector::createObject(Kind kind, int64_t parent, std::string_vi
     object.parent = parent;
     object.name = std::string(name);
     if (kind == Kind::Mailbox)
-        if (uint32_t e = updateMailboxCount(parent))
+        if (uint32_t e = updateMailboxCount(parent, 1))
             return e;
     return tx.commit();
 }
@@ -861,7 +874,7 @@ uint32_t SqliteConnector::destroyObject(const ObjectRef& object)
     if (sqlite3_changes(m_db) == 0)
         return VB_ERROR_FILE_NOT_FOUND;
     if (object.kind == Kind::Mailbox)
-        if (uint32_t e = updateMailboxCount(object.parent))
+        if (uint32_t e = updateMailboxCount(object.parent, -1))
             return e;
     return tx.commit();
 }

@@ -116,7 +116,7 @@ private:
     uint32_t fail(int rc);
     uint32_t readOnlyError() const;
     uint32_t insertProperty(int64_t owner, std::string_view section, std::string_view name, const Value& v);
-    uint32_t updateMailboxCount(int64_t domain);
+    uint32_t updateMailboxCount(int64_t domain, int64_t delta);
 
     // A transaction that nests inside one the caller opened with begin().
     class Tx;
