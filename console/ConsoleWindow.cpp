@@ -30,6 +30,7 @@ using TaviOwner = uintptr_t;
 using EntryNone = int (*)(TaviOwner, _tMailServer*);
 using EntryOne = int (*)(TaviOwner, _tMailServer*, const char*);
 using EntryTwo = int (*)(TaviOwner, _tMailServer*, const char*, const char*);
+using EntrySubnetList = int (*)(TaviOwner, _tMailServer*, const char*, const char*, unsigned);
 using EntryLogFlags = int (*)(TaviOwner, _tMailServer*, const char*, uint32_t*, uint32_t);
 
 QString constant(_tMailServer* server, const char* name)
@@ -269,6 +270,8 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot)
         return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, "SMTPRA", "SMTP Receiver");
     case EntryArgs::ServerList:
         return reinterpret_cast<EntryOne>(symbol)(owner, m_server, "Blacklist");
+    case EntryArgs::SubnetList:
+        return reinterpret_cast<EntrySubnetList>(symbol)(owner, m_server, "SMTPRA", "TrustedSubnets", 0);
     case EntryArgs::LogFlags: {
         uint32_t flags = 0;
         return reinterpret_cast<EntryLogFlags>(symbol)(owner, m_server, "Log Flags", &flags, 0xFFFFFFFFu);

@@ -23,6 +23,7 @@ const std::vector<DialogRow>& dialogTable()
         {"Security", "AntiSpamWizard", "Anti-spam wizard", EntryArgs::None},
         {"Security", "AntiRelayWizard", "Anti-relay wizard", EntryArgs::None},
         {"Security", "AntiDoSWizard", "Anti-DoS wizard", EntryArgs::None},
+        {"Security", "EditServerSubnetList", "Trusted subnets of the SMTP receiver", EntryArgs::SubnetList},
         {"Security", "EditServerEmailAddressLists", "Server address lists", EntryArgs::ServerList},
         {"Security", "EditServerWirelessCarrierListManager", "Wireless carriers", EntryArgs::None},
         {"Domains", "EditDomain", "Domain properties", EntryArgs::Domain},

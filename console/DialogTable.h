@@ -18,6 +18,7 @@ enum class EntryArgs {
     ServerList,  // (owner, server, list name)
     MailboxList, // (owner, server, list kind, address)
     LogFlags,    // (owner, server, caption, uint32_t* flags, uint32_t mask)
+    SubnetList,  // (owner, server, section, property name, caption string id)
 };
 
 struct DialogRow {

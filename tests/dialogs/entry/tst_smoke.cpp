@@ -1,0 +1,48 @@
+// Opens and closes every exported entry point of the plain form int Name(TaviOwner, _tMailServer*)
+// declared in the public header, on a seeded store: each must come up, cancel with 2 and write nothing.
+#include "DialogHarness.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+class tst_Smoke : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(Harness::leftoverTopLevels(), QStringList()); }
+    void openAndCancel_data();
+    void openAndCancel();
+};
+
+void tst_Smoke::openAndCancel_data()
+{
+    QFile header(QStringLiteral(TAVI_PUBLIC_HEADER));
+    QVERIFY(header.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(header.readAll());
+    QTest::addColumn<QString>("entry");
+    const QRegularExpression plain(QStringLiteral(R"(TAVIDLG_API int (\w+)\(TaviOwner owner, _tMailServer\* server\);)"));
+    int rows = 0;
+    for (auto it = plain.globalMatch(text); it.hasNext(); ++rows) {
+        const QString name = it.next().captured(1);
+        QTest::newRow(qPrintable(name)) << name;
+    }
+    QVERIFY(rows > 0);
+}
+
+void tst_Smoke::openAndCancel()
+{
+    QFETCH(QString, entry);
+    CTestStore store;
+    CScriptedPlatform platform;
+    QString title;
+    const int result = Harness::runEntry(entry.toLatin1().constData(), 0, store, [&](QDialog* d) {
+        title = d->windowTitle();
+        Harness::pressKey(d, Qt::Key_Escape);
+    });
+    QCOMPARE(result, 2);
+    QVERIFY(!title.isEmpty());
+    QVERIFY2(!title.contains(QLatin1String("%1")), qPrintable(title));
+    QCOMPARE(store.calls("SetMailServerProperty"), 0u);
+}
+
+QTEST_MAIN(tst_Smoke)
+#include "tst_smoke.moc"
