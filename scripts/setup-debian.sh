@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building, running and testing need on Debian 12. Safe to run again.
+# --fuzz also installs clang and libFuzzer for the fuzz targets (cmake -DTAVI_FUZZ=ON).
 set -euo pipefail
 SUDO=""
 if [ "$(id -u)" -ne 0 ]; then SUDO="sudo"; fi
@@ -9,8 +10,8 @@ packages=(
   libsqlite3-dev sqlite3 libpq-dev libsodium-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core
-  clang-14 libclang-rt-14-dev   # libFuzzer for the fuzz targets (TAVI_FUZZ)
 )
+if [ "${1:-}" = "--fuzz" ]; then packages+=(clang-14 libclang-rt-14-dev); fi
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
