@@ -271,7 +271,8 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot)
     case EntryArgs::ServerList:
         return reinterpret_cast<EntryOne>(symbol)(owner, m_server, "Blacklist");
     case EntryArgs::SubnetList:
-        return reinterpret_cast<EntrySubnetList>(symbol)(owner, m_server, "SMTPRA", "TrustedSubnets", 0);
+        // 60976: the library's caption "Trusted IP Subnets".
+        return reinterpret_cast<EntrySubnetList>(symbol)(owner, m_server, "SMTPRA", "TrustedSubnets", 60976);
     case EntryArgs::LogFlags: {
         uint32_t flags = 0;
         return reinterpret_cast<EntryLogFlags>(symbol)(owner, m_server, "Log Flags", &flags, 0xFFFFFFFFu);
