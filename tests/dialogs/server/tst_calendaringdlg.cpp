@@ -1,0 +1,173 @@
+// The calendaring dialog, driven through EditCalendaring: the reading and writing mappings of the scope,
+// which differ on purpose, and the initialisation that stops at a failed read.
+#include "DialogHarness.h"
+
+#include "server/CalendaringDlg.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+class tst_CalendaringDlg : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void scopeShownAndRewritten_data();
+    void scopeShownAndRewritten();
+    void onlyTheSwitchWritten();
+    void scopeChangeWritten();
+    void failedReadStopsInitialisation_data();
+    void failedReadStopsInitialisation();
+    void failedWritesAreSilent();
+    void cancelWritesNothing();
+
+private:
+    std::unique_ptr<CTestStore> m_store;
+    std::unique_ptr<CScriptedPlatform> m_platform;
+};
+
+void tst_CalendaringDlg::init()
+{
+    m_store = std::make_unique<CTestStore>();
+    m_platform = std::make_unique<CScriptedPlatform>();
+    QVERIFY(m_store->isOpen());
+    QVERIFY(m_store->setString("Machine", "MachineName", QStringLiteral("cal.brennoway.example")));
+    QVERIFY(m_store->setNumber("CalendarMgr", "CalendarOn", 1));
+    QVERIFY(m_store->setNumber("CalendarMgr", "CalendarRemit", 2));
+    m_store->reopen();
+}
+
+void tst_CalendaringDlg::cleanup()
+{
+    QCOMPARE(m_platform->unusedAnswers(), 0);
+    m_platform.reset();
+    m_store.reset();
+    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
+}
+
+void tst_CalendaringDlg::scopeShownAndRewritten_data()
+{
+    QTest::addColumn<quint32>("stored");
+    QTest::addColumn<bool>("allSelected");
+    QTest::addColumn<quint32>("afterOk");
+    QTest::addColumn<int>("writes");
+    QTest::addRow("0 all") << 0u << true << 0u << 0;
+    // Read as "all mailboxes", which OK writes back as 0.
+    QTest::addRow("1 becomes 0") << 1u << true << 0u << 1;
+    QTest::addRow("2 configured") << 2u << false << 2u << 0;
+    QTest::addRow("7 becomes 0") << 7u << true << 0u << 1;
+}
+
+void tst_CalendaringDlg::scopeShownAndRewritten()
+{
+    QFETCH(quint32, stored);
+    QFETCH(bool, allSelected);
+    QFETCH(quint32, afterOk);
+    QFETCH(int, writes);
+    QVERIFY(m_store->setNumber("CalendarMgr", "CalendarRemit", stored));
+    m_store->reopen();
+    bool all = false, configured = false, on = false;
+    QString title;
+    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
+        title = d->windowTitle();
+        all = Harness::control<QRadioButton>(d, "radAllMailboxes")->isChecked();
+        configured = Harness::control<QRadioButton>(d, "radConfigured")->isChecked();
+        on = Harness::control<QCheckBox>(d, "chkCalendarOn")->isChecked();
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(title, QStringLiteral("Calendaring on cal.brennoway.example"));
+    QCOMPARE(all, allSelected);
+    QCOMPARE(configured, !allSelected);
+    QVERIFY(on);
+    QCOMPARE(result, 1); // OK always closes with OK
+    QCOMPARE(int(m_store->calls("SetMailServerProperty")), writes);
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(afterOk));
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(1));
+}
+
+void tst_CalendaringDlg::onlyTheSwitchWritten()
+{
+    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
+        Harness::click(Harness::control<QCheckBox>(d, "chkCalendarOn"));
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(result, 1);
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 1u);
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(0));
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(2));
+}
+
+void tst_CalendaringDlg::scopeChangeWritten()
+{
+    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
+        Harness::click(Harness::control<QRadioButton>(d, "radAllMailboxes"));
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(result, 1);
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 1u);
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(0));
+}
+
+void tst_CalendaringDlg::failedReadStopsInitialisation_data()
+{
+    QTest::addColumn<QString>("unreadable");
+    QTest::addRow("CalendarOn") << QStringLiteral("CalendarOn");
+    QTest::addRow("CalendarRemit") << QStringLiteral("CalendarRemit");
+}
+
+void tst_CalendaringDlg::failedReadStopsInitialisation()
+{
+    QFETCH(QString, unreadable);
+    QVERIFY(VbInjectFault(*m_store, "GetMailServerProperty", "CalendarMgr", unreadable.toLatin1().constData(),
+                          VB_ERROR_BUSY, 0));
+    bool anySelected = true, on = true;
+    QString title;
+    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
+        title = d->windowTitle();
+        anySelected = Harness::control<QRadioButton>(d, "radAllMailboxes")->isChecked()
+            || Harness::control<QRadioButton>(d, "radConfigured")->isChecked();
+        on = Harness::control<QCheckBox>(d, "chkCalendarOn")->isChecked();
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(title, QStringLiteral("Calendaring on cal.brennoway.example")); // the caption came first
+    QVERIFY(!anySelected);
+    QVERIFY(!on);
+    QVERIFY(m_platform->messages().isEmpty());
+    QCOMPARE(result, 1);
+    // Neither button selected writes the scope 1; the cleared box equals the 0 taken as read.
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 1u);
+    VbClearFaults(*m_store);
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(1));
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(1));
+}
+
+void tst_CalendaringDlg::failedWritesAreSilent()
+{
+    QVERIFY(VbInjectFault(*m_store, "SetMailServerProperty", "CalendarMgr", "CalendarOn", VB_ERROR_ACCESS_DENIED, 0));
+    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
+        Harness::click(Harness::control<QCheckBox>(d, "chkCalendarOn"));
+        Harness::click(Harness::control<QRadioButton>(d, "radAllMailboxes"));
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(result, 1);
+    QVERIFY(m_platform->messages().isEmpty());
+    VbClearFaults(*m_store);
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(1));
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(0));
+}
+
+void tst_CalendaringDlg::cancelWritesNothing()
+{
+    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
+        Harness::click(Harness::control<QCheckBox>(d, "chkCalendarOn"));
+        Harness::click(Harness::control<QRadioButton>(d, "radAllMailboxes"));
+        Harness::pressKey(Harness::control<QCheckBox>(d, "chkCalendarOn"), Qt::Key_Escape);
+    });
+    QCOMPARE(result, 2);
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
+}
+
+QTEST_MAIN(tst_CalendaringDlg)
+#include "tst_calendaringdlg.moc"
