@@ -56,7 +56,7 @@ CReminder::CReminder(QWidget* parent, unsigned messageId, const QString& remembe
     setTabOrder(m_okButton, m_cancelButton);
 
     // Without the settings nothing can be remembered, and the reminder always shows.
-    m_settingsOpen = platform().reminderSettingsAvailable();
+    m_settingsOpen = !m_rememberKey.isEmpty() && platform().reminderSettingsAvailable();
     if (m_settingsOpen) {
         if (const std::optional<quint32> value = platform().reminderValue(m_rememberKey))
             m_show = *value == 0;
@@ -73,9 +73,17 @@ int CReminder::run()
 {
     if (!m_show)
         return 1;
-    initDialog();
     const int result = exec();
     return result == QDialog::Accepted ? 1 : 2;
+}
+
+void CReminder::setVisible(bool visible)
+{
+    if (visible && !m_initialised) {
+        m_initialised = true;
+        initDialog();
+    }
+    QDialog::setVisible(visible);
 }
 
 void CReminder::initDialog()

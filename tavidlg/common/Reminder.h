@@ -1,6 +1,6 @@
 // The reminder box: a warning the administrator can silence for good with "&Don't show this dialog
 // again". The choice is remembered per key (a name ending in "Reminder") in the per-user settings, as a
-// number: 0 or no value shows the reminder, anything else silences it.
+// number: 0 or no value shows the reminder, anything else silences it. An empty key remembers nothing.
 #pragma once
 
 #include "entry/TaviGlobal.h"
@@ -27,6 +27,9 @@ public:
     int run();
     bool isToBeShown() const { return m_show; }
 
+    // Prepares the window the first time it is shown (also when shown other than by run()).
+    void setVisible(bool visible) override;
+
 public Q_SLOTS:
     void accept() override;
 
@@ -45,4 +48,5 @@ private:
     unsigned m_flags = 0;
     unsigned m_captionId = 0;
     QLabel* m_messageLabel = nullptr;
+    bool m_initialised = false;
 };

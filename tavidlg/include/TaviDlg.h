@@ -57,6 +57,13 @@ TAVIDLG_API int ServiceControlDialog(TaviOwner owner, _tMailServer* server, cons
 /* Logging. */
 TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
 
+/* The reminder box the dialogs show (a message from the library's string table with "Don't show this
+ * dialog again"), for hosts that warn about the same things. flags are message-box styles (0x0F
+ * buttons: 0 OK only, else OK and Cancel; 0xF0 the icon); captionId 0 keeps "Reminder". Returns 1 at
+ * once when the administrator silenced rememberKey earlier, else the button pressed (1 OK, 2 Cancel). */
+TAVIDLG_API int ShowReminder(TaviOwner owner, unsigned messageId, const char* rememberKey, unsigned captionId,
+                             unsigned flags);
+
 VB_END_DECLS
 
 #endif

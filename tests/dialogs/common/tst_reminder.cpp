@@ -30,6 +30,7 @@ private Q_SLOTS:
     void choiceRememberedOnlyOnCheckedOk();
     void withoutSettingsAlwaysShownNeverStored();
     void keysAreSeparate();
+    void hostHelperShowsAndRemembers();
 
 private:
     // Runs a reminder; driver (when set) acts on its window. shown tells whether a window came up.
@@ -226,6 +227,32 @@ void tst_Reminder::keysAreSeparate()
     const auto reads = m_platform->callsOf(QStringLiteral("reminderValue"));
     QCOMPARE(reads.size(), 1);
     QCOMPARE(reads[0].text, kKey);
+}
+
+void tst_Reminder::hostHelperShowsAndRemembers()
+{
+    using Entry = int (*)(TaviOwner, unsigned, const char*, unsigned, unsigned);
+    auto entry = reinterpret_cast<Entry>(Harness::resolveEntry("ShowReminder"));
+    QVERIFY(entry);
+    QString title;
+    const int result = Harness::driveModal([&] { return entry(0, kMessage, "WebDirectoryReminder", kCaption, 49); },
+                                           [&](QDialog* d) {
+                                               title = d->windowTitle();
+                                               Harness::click(Harness::control<QCheckBox>(d, "chkDontShowAgain"));
+                                               Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+                                           });
+    QCOMPARE(result, 1);
+    QCOMPARE(title, QStringLiteral("A UNC path is required"));
+    QCOMPARE(m_platform->reminders().value(QStringLiteral("WebDirectoryReminder")), 1u);
+    // Silenced now: the second call answers OK without a window.
+    QCOMPARE(entry(0, kMessage, "WebDirectoryReminder", kCaption, 49), 1);
+    // No key: shown every time and never remembered (nor is a null key a crash).
+    const int unnamed = Harness::driveModal([&] { return entry(0, kMessage, nullptr, 0, 0); }, [&](QDialog* d) {
+        Harness::click(Harness::control<QCheckBox>(d, "chkDontShowAgain"));
+        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+    });
+    QCOMPARE(unnamed, 1);
+    QCOMPARE(m_platform->callsOf(QStringLiteral("setReminderValue")).size(), 1);
 }
 
 QTEST_MAIN(tst_Reminder)
