@@ -177,6 +177,17 @@ void ConsoleWindow::fillDialogList()
             group->setFlags(Qt::ItemIsEnabled);
             group->setExpanded(true);
         }
+        // Every service of the server gets its own control dialog.
+        if (row.args == EntryArgs::ServiceControl) {
+            for (const auto& [name, displayName] : services()) {
+                auto* item = new QTreeWidgetItem(group, {displayName + QStringLiteral(" service")});
+                item->setData(0, Qt::UserRole, QString::fromUtf8(row.entryPoint));
+                item->setData(0, Qt::UserRole + 1, name);
+                item->setToolTip(0, QStringLiteral("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
+                ++count;
+            }
+            continue;
+        }
         auto* item = new QTreeWidgetItem(group, {QString::fromUtf8(row.title)});
         item->setData(0, Qt::UserRole, QString::fromUtf8(row.entryPoint));
         item->setToolTip(0, QString::fromUtf8(row.entryPoint));
@@ -195,7 +206,7 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
     const QString entry = item->data(0, Qt::UserRole).toString();
     for (const DialogRow& row : dialogTable()) {
         if (entry == QLatin1String(row.entryPoint)) {
-            const int result = openDialog(row);
+            const int result = openDialog(row, QString(), item->data(0, Qt::UserRole + 1).toString());
             if (result != -100)
                 m_status->setText(QStringLiteral("%1 returned %2").arg(entry).arg(result));
             refreshServer();
@@ -229,7 +240,29 @@ QString ConsoleWindow::askDomain(bool* ok)
                                  qMax(0, int(domains.indexOf(defaultDomain()))), true, ok);
 }
 
-int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot)
+QList<QPair<QString, QString>> ConsoleWindow::services() const
+{
+    QList<QPair<QString, QString>> out;
+    uint32_t size = 0;
+    GetMailServiceList(m_server, nullptr, &size);
+    QByteArray list(qsizetype(size) + 2, '\0');
+    size = uint32_t(list.size());
+    if (!GetMailServiceList(m_server, list.data(), &size))
+        return out;
+    for (const QByteArray& name : list.split('\0')) {
+        if (name.isEmpty())
+            break;
+        char display[257] = {};
+        uint32_t displaySize = sizeof display - 1;
+        QString shown = QString::fromUtf8(name);
+        if (GetMailServerProperty(m_server, name.constData(), "DisplayName", display, &displaySize, nullptr) && display[0])
+            shown = QString::fromUtf8(display);
+        out.append({QString::fromUtf8(name), shown});
+    }
+    return out;
+}
+
+int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, const QString& service)
 {
     QFunctionPointer symbol = m_library.resolve(row.entryPoint);
     if (!symbol)
@@ -266,8 +299,16 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot)
     }
     case EntryArgs::Service:
         return reinterpret_cast<EntryOne>(symbol)(owner, m_server, "SMTPRA");
-    case EntryArgs::ServiceControl:
-        return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, "SMTPRA", "SMTP Receiver");
+    case EntryArgs::ServiceControl: {
+        const QList<QPair<QString, QString>> all = services();
+        QPair<QString, QString> chosen = all.isEmpty() ? qMakePair(service, service) : all.first();
+        for (const auto& s : all) {
+            if (s.first == service)
+                chosen = s;
+        }
+        const QByteArray name = chosen.first.toUtf8(), caption = (chosen.second + QStringLiteral(" service")).toUtf8();
+        return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, name.constData(), caption.constData());
+    }
     case EntryArgs::ServerList:
         return reinterpret_cast<EntryOne>(symbol)(owner, m_server, "Blacklist");
     case EntryArgs::SubnetList:
@@ -293,6 +334,17 @@ int ConsoleWindow::renderAll(const QString& dir)
         const bool saved = result != -1 && QFileInfo::exists(file);
         std::printf("%s %s\n", saved ? "rendered" : "FAILED  ", qPrintable(file));
         failures += saved ? 0 : 1;
+    }
+    // The reminder box has no row of its own: it is rendered as the agents dialog shows it.
+    using ShowReminder = int (*)(TaviOwner, unsigned, const char*, unsigned, unsigned);
+    if (auto reminder = reinterpret_cast<ShowReminder>(m_library.resolve("ShowReminder"))) {
+        const QString file = QDir(dir).filePath(QStringLiteral("ShowReminder.png"));
+        ScopedEnv shot("TAVI_SCREENSHOT", file);
+        const int result = reminder(0, 57404, "ServerAgentReminder", 57403, 49);
+        const bool saved = result != -1 && QFileInfo::exists(file);
+        // A reminder this user silenced has no window to render.
+        std::printf("%s %s\n", saved ? "rendered" : result == 1 ? "silenced" : "FAILED  ", qPrintable(file));
+        failures += saved || result == 1 ? 0 : 1;
     }
     show();
     QCoreApplication::processEvents();

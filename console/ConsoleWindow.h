@@ -4,6 +4,8 @@
 #include "DialogTable.h"
 
 #include <QLibrary>
+#include <QList>
+#include <QPair>
 #include <QMainWindow>
 
 #include <velbrook/StoreBase.h>
@@ -24,7 +26,8 @@ public:
     bool isAvailable(const DialogRow& row);
     // Opens the row's dialog; a screenshot path renders it instead of running it. Returns the
     // entry point's result, or -100 when it was not called (missing, or a question was cancelled).
-    int openDialog(const DialogRow& row, const QString& screenshot = QString());
+    // service: for the service control row, the service to control (empty: the server's first).
+    int openDialog(const DialogRow& row, const QString& screenshot = QString(), const QString& service = QString());
     // Renders every available dialog and the console itself into dir; returns how many failed.
     int renderAll(const QString& dir);
 
@@ -34,6 +37,8 @@ private:
     void openItem(QTreeWidgetItem* item);
     QString defaultDomain() const;
     QString askDomain(bool* ok);
+    // The server's mail services: (name, "DisplayName" or the name when it has none), in list order.
+    QList<QPair<QString, QString>> services() const;
 
     _tMailServer* m_server;
     QLibrary m_library;

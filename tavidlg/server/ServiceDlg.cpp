@@ -86,6 +86,7 @@ CServiceDlg::CServiceDlg(QWidget* parent, _tMailServer* server, const char* serv
     layout->addLayout(buttons);
     layout->addStretch(1);
     layout->addWidget(box);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 56);
     setTabOrder(m_startButton, m_stopButton);
     setTabOrder(m_stopButton, close);
     setTabOrder(close, help);
