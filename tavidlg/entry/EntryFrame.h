@@ -12,13 +12,13 @@
 #include "TaviDlg.h"
 
 #include <QPointer>
+#include <QWidget>
 
 #include <exception>
 #include <memory>
 #include <utility>
 
 class QDialog;
-class QWidget;
 class QWindow;
 
 // Makes sure a QApplication exists (creating one for hosts that are not Qt programs, kept for later
