@@ -29,7 +29,6 @@ private Q_SLOTS:
     void choiceRememberedOnlyOnCheckedOk_data();
     void choiceRememberedOnlyOnCheckedOk();
     void withoutSettingsAlwaysShownNeverStored();
-    void keysAreSeparate();
     void hostHelperShowsAndRemembers();
 
 private:
@@ -213,20 +212,6 @@ void tst_Reminder::withoutSettingsAlwaysShownNeverStored()
     }
     QVERIFY(shown);
     QVERIFY(m_platform->callsOf(QStringLiteral("setReminderValue")).isEmpty());
-}
-
-void tst_Reminder::keysAreSeparate()
-{
-    m_platform->reminders()[QStringLiteral("MailboxAgentReminder")] = 1;
-    bool shown = false;
-    CReminder reminder(nullptr, kMessage, kKey, kCaption, 49);
-    QCOMPARE(runReminder(reminder, [](QDialog* d) { Harness::click(Harness::control<QPushButton>(d, "btnCancel")); },
-                         &shown),
-             2);
-    QVERIFY(shown);
-    const auto reads = m_platform->callsOf(QStringLiteral("reminderValue"));
-    QCOMPARE(reads.size(), 1);
-    QCOMPARE(reads[0].text, kKey);
 }
 
 void tst_Reminder::hostHelperShowsAndRemembers()

@@ -17,11 +17,9 @@ private Q_SLOTS:
     void scopeShownAndRewritten_data();
     void scopeShownAndRewritten();
     void onlyTheSwitchWritten();
-    void scopeChangeWritten();
     void failedReadStopsInitialisation_data();
     void failedReadStopsInitialisation();
     void failedWritesAreSilent();
-    void cancelWritesNothing();
 
 private:
     std::unique_ptr<CTestStore> m_store;
@@ -99,17 +97,6 @@ void tst_CalendaringDlg::onlyTheSwitchWritten()
     QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(2));
 }
 
-void tst_CalendaringDlg::scopeChangeWritten()
-{
-    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
-        Harness::click(Harness::control<QRadioButton>(d, "radAllMailboxes"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
-    });
-    QCOMPARE(result, 1);
-    QCOMPARE(m_store->calls("SetMailServerProperty"), 1u);
-    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(0));
-}
-
 void tst_CalendaringDlg::failedReadStopsInitialisation_data()
 {
     QTest::addColumn<QString>("unreadable");
@@ -156,17 +143,6 @@ void tst_CalendaringDlg::failedWritesAreSilent()
     VbClearFaults(*m_store);
     QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(1));
     QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(0));
-}
-
-void tst_CalendaringDlg::cancelWritesNothing()
-{
-    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
-        Harness::click(Harness::control<QCheckBox>(d, "chkCalendarOn"));
-        Harness::click(Harness::control<QRadioButton>(d, "radAllMailboxes"));
-        Harness::pressKey(Harness::control<QCheckBox>(d, "chkCalendarOn"), Qt::Key_Escape);
-    });
-    QCOMPARE(result, 2);
-    QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
 }
 
 QTEST_MAIN(tst_CalendaringDlg)

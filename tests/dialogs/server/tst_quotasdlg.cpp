@@ -25,7 +25,6 @@ private Q_SLOTS:
     void intervalOutOfRangeRefused();
     void limitsParsed_data();
     void limitsParsed();
-    void switchesWritten();
     void failedWritesAreSilent();
 
 private:
@@ -252,22 +251,6 @@ void tst_QuotasDlg::limitsParsed()
     // Only values that differ from what was read are written.
     const uint32_t expectedWrites = (stored != 512000u ? 1 : 0) + (stored != 0u ? 1 : 0);
     QCOMPARE(m_store->calls("SetMailServerProperty"), expectedWrites);
-}
-
-void tst_QuotasDlg::switchesWritten()
-{
-    const int result = Harness::runEntry("EditQuotas", 0, *m_store, [&](QDialog* d) {
-        Harness::click(Harness::control<QCheckBox>(d, "chkQuotaCopyPostmaster"));
-        Harness::click(Harness::control<QCheckBox>(d, "chkQuotaFailPermanent"));
-        Harness::typeInto(Harness::control<QLineEdit>(d, "edtQuotaMinWarningMsgGap"), QStringLiteral("30"));
-        Harness::pressEnter(Harness::control<QLineEdit>(d, "edtQuotaMinWarningMsgGap"));
-    });
-    QCOMPARE(result, 1);
-    QCOMPARE(m_store->calls("SetMailServerProperty"), 3u);
-    QCOMPARE(m_store->number(nullptr, "QuotaCopyPostmaster"), std::optional<quint32>(0));
-    QCOMPARE(m_store->number(nullptr, "QuotaFailPermanent"), std::optional<quint32>(1));
-    QCOMPARE(m_store->number(nullptr, "QuotaMinWarningMsgGap"), std::optional<quint32>(30));
-    QCOMPARE(m_store->number(nullptr, "QuotasEnabled"), std::optional<quint32>(1));
 }
 
 void tst_QuotasDlg::failedWritesAreSilent()
