@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -14,6 +15,25 @@
 
 #include "velbrook/MailToolkit.h"
 #include "velbrook/ServerStore.h"
+
+// Names a data-driven row after its label ("one short" -> "one_short"), so that ctest lists readable cases.
+struct RowName {
+    template <class Row>
+    std::string operator()(const ::testing::TestParamInfo<Row>& info) const
+    {
+        std::string name;
+        for (const char* c = info.param.label; c && *c; ++c) {
+            const bool word = std::isalnum(static_cast<unsigned char>(*c)) != 0;
+            if (word)
+                name += *c;
+            else if (!name.empty() && name.back() != '_')
+                name += '_';
+        }
+        while (!name.empty() && name.back() == '_')
+            name.pop_back();
+        return name.empty() ? "row" + std::to_string(info.index) : name;
+    }
+};
 
 class StoreTest : public ::testing::Test {
 protected:

@@ -165,6 +165,8 @@ struct ScannerRow {
     uint32_t mailboxChoice;
     uint32_t effective;
 };
+static void PrintTo(const ScannerRow& row, std::ostream* os) { *os << '"' << row.label << '"'; }
+
 
 class EffectiveScanner : public Objects, public ::testing::WithParamInterface<ScannerRow> {};
 
@@ -196,7 +198,8 @@ INSTANTIATE_TEST_SUITE_P(Rows, EffectiveScanner,
                                            ScannerRow{"domain forces off", -1, 2, 1, 0},
                                            ScannerRow{"server forces off over domain on", 2, 1, 1, 0},
                                            ScannerRow{"server forces on", 1, 0, 0, 1},
-                                           ScannerRow{"unknown policy value leaves the choice", 7, -1, 1, 1}));
+                                           ScannerRow{"unknown policy value leaves the choice", 7, -1, 1, 1}),
+                         RowName());
 
 TEST_F(Objects, MailboxListsAliasesAndCounters)
 {

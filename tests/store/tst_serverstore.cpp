@@ -27,6 +27,8 @@ struct BufferRow {
     bool ok;
     uint32_t sizeAfter;
 };
+static void PrintTo(const BufferRow& row, std::ostream* os) { *os << '"' << row.label << '"'; }
+
 
 class BufferRules : public StoreTest, public ::testing::WithParamInterface<BufferRow> {};
 
@@ -58,7 +60,8 @@ INSTANTIATE_TEST_SUITE_P(Rows, BufferRules,
                                            BufferRow{"one byte", 1, false, 11},
                                            BufferRow{"one short", 10, false, 11},
                                            BufferRow{"exact", 11, true, 11},
-                                           BufferRow{"larger", 300, true, 11}));
+                                           BufferRow{"larger", 300, true, 11}),
+                         RowName());
 
 TEST_F(ServerProperties, MultiStringAndNumberSizes)
 {

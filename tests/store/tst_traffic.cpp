@@ -49,6 +49,8 @@ struct ThresholdRow {
     const char* domain;
     uint64_t rows;
 };
+static void PrintTo(const ThresholdRow& row, std::ostream* os) { *os << '"' << row.label << '"'; }
+
 
 class TrafficRows : public Traffic, public ::testing::WithParamInterface<ThresholdRow> {};
 
@@ -68,7 +70,8 @@ INSTANTIATE_TEST_SUITE_P(
                       ThresholdRow{"rcpt over 499", {499, 0, 0, 0, 0, 0, 0, 0}, "", 1},
                       ThresholdRow{"any counter over its own threshold", {499, 0, 0, 0, 0, 0, 0, 6}, "", 3},
                       ThresholdRow{"reserved field is ignored", {0, 0, 0, 1, 0, 0, 0, 0}, nullptr, 5},
-                      ThresholdRow{"imap sent", {0, 0, 0, 0, 899999, 0, 0, 0}, "a.example", 1}));
+                      ThresholdRow{"imap sent", {0, 0, 0, 0, 899999, 0, 0, 0}, "a.example", 1}),
+                         RowName());
 
 TEST_F(Traffic, CsvHasAHeaderAndQuotesWhatNeedsIt)
 {
