@@ -296,13 +296,7 @@ int CreateDomain(_tMailServer* server, const char* name)
         zero.type = VB_TYPE_DWORD;
         e = server->connector->setProperty(d, "", "MailboxCount", zero);
     }
-    if (e) {
-        server->connector->rollback();
-        return failWith(e);
-    }
-    if ((e = server->connector->commit()))
-        return failWith(e);
-    return 1;
+    return endTransaction(server, e);
 }
 
 int DestroyDomain(_tMailServer* server, const char* name)

@@ -30,6 +30,19 @@ inline int failWith(uint32_t code)
     return 0;
 }
 
+// Ends a transaction the operation opened with begin(): commits when error is 0, else rolls back.
+// Returns what the C operation returns (1, or 0 with the last error set).
+inline int endTransaction(_tMailServer* server, uint32_t error)
+{
+    if (error) {
+        server->connector->rollback();
+        return failWith(error);
+    }
+    if ((error = server->connector->commit()))
+        return failWith(error);
+    return 1;
+}
+
 // Runs the handle's interception for an operation: 0 when the operation may go on.
 inline uint32_t intercept(_tMailServer* server, const char* operation, const char* section, const char* name,
                           bool* forceMoreData = nullptr)

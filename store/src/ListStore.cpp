@@ -97,13 +97,7 @@ int CreateMailingList(_tMailServer* server, const char* list, const char* domain
     }
     if (!e)
         e = server->connector->createObject(Kind::MailingList, d.id, list, l);
-    if (e) {
-        server->connector->rollback();
-        return failWith(e);
-    }
-    if ((e = server->connector->commit()))
-        return failWith(e);
-    return 1;
+    return endTransaction(server, e);
 }
 
 int DestroyMailingList(_tMailServer* server, const char* list, const char* domain)

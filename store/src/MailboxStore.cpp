@@ -210,13 +210,7 @@ int CreateMailbox(_tMailServer* server, const char* address)
     }
     if (!e)
         e = server->connector->createObject(Kind::Mailbox, d.id, local, m);
-    if (e) {
-        server->connector->rollback();
-        return failWith(e);
-    }
-    if ((e = server->connector->commit()))
-        return failWith(e);
-    return 1;
+    return endTransaction(server, e);
 }
 
 int DestroyMailbox(_tMailServer* server, const char* address)

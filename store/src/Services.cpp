@@ -247,13 +247,7 @@ int VbRegisterMailService(_tMailServer* server, const char* service, const char*
         v.text = displayName;
         e = server->connector->setProperty(kServer, service, "DisplayName", v);
     }
-    if (e) {
-        server->connector->rollback();
-        return failWith(e);
-    }
-    if ((e = server->connector->commit()))
-        return failWith(e);
-    return 1;
+    return endTransaction(server, e);
 }
 
 int VbRemoveMailService(_tMailServer* server, const char* service)

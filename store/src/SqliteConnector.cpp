@@ -365,6 +365,18 @@ std::unique_ptr<SqliteConnector> SqliteConnector::open(const std::string& path, 
     return c;
 }
 
+// The version a store's schema is at; false when it cannot be read.
+static bool readSchemaVersion(sqlite3* db, uint32_t& version)
+{
+    sqlite3_stmt* s = nullptr;
+    const bool ok = sqlite3_prepare_v2(db, "SELECT max(version) FROM vb_schema", -1, &s, nullptr) == SQLITE_OK
+                    && sqlite3_step(s) == SQLITE_ROW;
+    if (ok)
+        version = uint32_t(sqlite3_column_int64(s, 0));
+    sqlite3_finalize(s);
+    return ok;
+}
+
 uint32_t SqliteConnector::initialise(uint32_t& error)
 {
     sqlite3_busy_timeout(m_db, 5000);
@@ -405,16 +417,7 @@ uint32_t SqliteConnector::initialise(uint32_t& error)
     }
 
     uint32_t version = 0;
-    auto readVersion = [&]() -> bool {
-        sqlite3_stmt* s = nullptr;
-        bool ok = sqlite3_prepare_v2(m_db, "SELECT max(version) FROM vb_schema", -1, &s, nullptr) == SQLITE_OK
-                  && sqlite3_step(s) == SQLITE_ROW;
-        if (ok)
-            version = uint32_t(sqlite3_column_int64(s, 0));
-        sqlite3_finalize(s);
-        return ok;
-    };
-    if (hasSchema && !readVersion()) {
+    if (hasSchema && !readSchemaVersion(m_db, version)) {
         error = VB_ERROR_BAD_FILE;
         return error;
     }
@@ -443,13 +446,7 @@ uint32_t SqliteConnector::migrate(uint32_t from)
     if (uint32_t e = exec("BEGIN IMMEDIATE"))
         return e;
     uint32_t version = 0;
-    {
-        sqlite3_stmt* s = nullptr;
-        if (sqlite3_prepare_v2(m_db, "SELECT max(version) FROM vb_schema", -1, &s, nullptr) == SQLITE_OK
-            && sqlite3_step(s) == SQLITE_ROW)
-            version = uint32_t(sqlite3_column_int64(s, 0));
-        sqlite3_finalize(s);
-    }
+    readSchemaVersion(m_db, version); // no table yet: version 0
     (void)from;
     for (uint32_t v = version; v < kSchemaVersion; ++v) {
         if (uint32_t e = exec(kMigrations[v])) {
@@ -482,25 +479,107 @@ ConnectorInfo SqliteConnector::info() const
     return i;
 }
 
+// ---- shapes every operation shares -------------------------------------------------------------
+
+uint32_t SqliteConnector::stepDone(Stmt& s)
+{
+    const int rc = s.step();
+    return rc == SQLITE_DONE ? 0 : fail(rc);
+}
+
+uint32_t SqliteConnector::stepChanged(Stmt& s, uint32_t notFound)
+{
+    if (uint32_t e = stepDone(s))
+        return e;
+    return sqlite3_changes(m_db) > 0 ? 0 : notFound;
+}
+
+uint32_t SqliteConnector::readTexts(Stmt& s, std::vector<std::string>& out)
+{
+    int rc;
+    while ((rc = s.step()) == SQLITE_ROW)
+        out.push_back(s.text(0));
+    return rc == SQLITE_DONE ? 0 : fail(rc);
+}
+
+uint32_t SqliteConnector::readObject(Stmt& s, Kind kind, int64_t parent, ObjectRef& object)
+{
+    const int rc = s.step();
+    if (rc == SQLITE_DONE)
+        return VB_ERROR_FILE_NOT_FOUND;
+    if (rc != SQLITE_ROW)
+        return fail(rc);
+    object.id = s.int64(0);
+    object.name = s.text(1);
+    object.kind = kind;
+    object.parent = parent;
+    return 0;
+}
+
+uint32_t SqliteConnector::readCount(Stmt& s, uint64_t& count)
+{
+    const int rc = s.step();
+    if (rc != SQLITE_ROW)
+        return fail(rc);
+    count = uint64_t(s.int64(0));
+    return 0;
+}
+
+template <class Work>
+uint32_t SqliteConnector::writing(Work&& work)
+{
+    std::lock_guard lock(m_mutex);
+    if (m_readOnly)
+        return VB_ERROR_ACCESS_DENIED;
+    return work();
+}
+
+template <class Work>
+uint32_t SqliteConnector::transaction(Work&& work)
+{
+    return writing([&]() -> uint32_t {
+        Tx tx(*this);
+        if (tx.error())
+            return tx.error();
+        if (uint32_t e = work())
+            return e; // the transaction rolls back
+        return tx.commit();
+    });
+}
+
+template <class Items, class Bind>
+uint32_t SqliteConnector::insertEach(const char* sql, const Items& items, Bind&& bind)
+{
+    for (const auto& item : items) {
+        Stmt s = prepare(sql);
+        bind(s, item);
+        if (uint32_t e = stepDone(s))
+            return e;
+    }
+    return 0;
+}
+
 // ---- properties -------------------------------------------------------------------------------
+
+uint32_t SqliteConnector::getCounter(const ObjectRef& mailbox, int counter, Value& value)
+{
+    Stmt s = prepare("SELECT c0, c1, c2, c3, c4, c5, c6 FROM traffic WHERE mailbox = ?");
+    s.bind(1, mailbox.id);
+    const int rc = s.step();
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+        return fail(rc);
+    value.type = VB_TYPE_DWORD;
+    value.number = rc == SQLITE_ROW ? uint32_t(s.int64(counter)) : 0;
+    return 0;
+}
 
 uint32_t SqliteConnector::getProperty(const ObjectRef& owner, std::string_view section, std::string_view name,
                                       Value& value)
 {
     std::lock_guard lock(m_mutex);
-    if (owner.kind == Kind::Mailbox) {
-        const int counter = trafficCounterIndex(name);
-        if (counter >= 0) {
-            Stmt s = prepare("SELECT c0, c1, c2, c3, c4, c5, c6 FROM traffic WHERE mailbox = ?");
-            s.bind(1, owner.id);
-            const int rc = s.step();
-            if (rc != SQLITE_ROW && rc != SQLITE_DONE)
-                return fail(rc);
-            value.type = VB_TYPE_DWORD;
-            value.number = rc == SQLITE_ROW ? uint32_t(s.int64(counter)) : 0;
-            return 0;
-        }
-    }
+    const int counter = owner.kind == Kind::Mailbox ? trafficCounterIndex(name) : -1;
+    if (counter >= 0)
+        return getCounter(owner, counter, value);
     const std::string sk = fold(section), nk = fold(name);
     Stmt s = prepare("SELECT type, value FROM property WHERE owner = ? AND section_key = ? AND name_key = ?");
     if (!s)
@@ -514,20 +593,17 @@ uint32_t SqliteConnector::getProperty(const ObjectRef& owner, std::string_view s
     value.type = uint32_t(s.int64(0));
     if (value.type == VB_TYPE_DWORD) {
         value.number = uint32_t(s.int64(1));
-    } else if (value.type == VB_TYPE_STRING) {
-        value.text = s.text(1);
-    } else {
-        value.items.clear();
-        Stmt e = prepare("SELECT element FROM list_element WHERE owner = ? AND section_key = ? AND name_key = ? "
-                         "ORDER BY id");
-        e.bind(1, owner.id).bind(2, sk).bind(3, nk);
-        int erc;
-        while ((erc = e.step()) == SQLITE_ROW)
-            value.items.push_back(e.text(0));
-        if (erc != SQLITE_DONE)
-            return fail(erc);
+        return 0;
     }
-    return 0;
+    if (value.type == VB_TYPE_STRING) {
+        value.text = s.text(1);
+        return 0;
+    }
+    value.items.clear();
+    Stmt e = prepare("SELECT element FROM list_element WHERE owner = ? AND section_key = ? AND name_key = ? "
+                     "ORDER BY id");
+    e.bind(1, owner.id).bind(2, sk).bind(3, nk);
+    return readTexts(e, value.items);
 }
 
 uint32_t SqliteConnector::insertProperty(int64_t owner, std::string_view section, std::string_view name,
@@ -546,70 +622,57 @@ uint32_t SqliteConnector::insertProperty(int64_t owner, std::string_view section
         s.bind(7, v.text);
     else
         s.bindNull(7);
-    const int rc = s.step();
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return stepDone(s);
+}
+
+uint32_t SqliteConnector::setCounter(const ObjectRef& mailbox, int counter, uint32_t number)
+{
+    static const char* const sql[7] = {
+        "INSERT INTO traffic(mailbox, domain, c0) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c0 = ?3",
+        "INSERT INTO traffic(mailbox, domain, c1) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c1 = ?3",
+        "INSERT INTO traffic(mailbox, domain, c2) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c2 = ?3",
+        "INSERT INTO traffic(mailbox, domain, c3) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c3 = ?3",
+        "INSERT INTO traffic(mailbox, domain, c4) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c4 = ?3",
+        "INSERT INTO traffic(mailbox, domain, c5) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c5 = ?3",
+        "INSERT INTO traffic(mailbox, domain, c6) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c6 = ?3",
+    };
+    Stmt s = prepare(sql[counter]);
+    s.bind(1, mailbox.id).bind(2, mailbox.parent).bind(3, int64_t(number));
+    return stepDone(s);
 }
 
 uint32_t SqliteConnector::setProperty(const ObjectRef& owner, std::string_view section, std::string_view name,
                                       const Value& value)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    if (owner.kind == Kind::Mailbox && value.type == VB_TYPE_DWORD) {
-        const int counter = trafficCounterIndex(name);
-        if (counter >= 0) {
-            static const char* const sql[7] = {
-                "INSERT INTO traffic(mailbox, domain, c0) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c0 = ?3",
-                "INSERT INTO traffic(mailbox, domain, c1) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c1 = ?3",
-                "INSERT INTO traffic(mailbox, domain, c2) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c2 = ?3",
-                "INSERT INTO traffic(mailbox, domain, c3) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c3 = ?3",
-                "INSERT INTO traffic(mailbox, domain, c4) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c4 = ?3",
-                "INSERT INTO traffic(mailbox, domain, c5) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c5 = ?3",
-                "INSERT INTO traffic(mailbox, domain, c6) VALUES (?1, ?2, ?3) ON CONFLICT DO UPDATE SET c6 = ?3",
-            };
-            Stmt s = prepare(sql[counter]);
-            s.bind(1, owner.id).bind(2, owner.parent).bind(3, int64_t(value.number));
-            const int rc = s.step();
-            return rc == SQLITE_DONE ? 0 : fail(rc);
-        }
-    }
+    const int counter =
+        owner.kind == Kind::Mailbox && value.type == VB_TYPE_DWORD ? trafficCounterIndex(name) : -1;
+    if (counter >= 0)
+        return writing([&] { return setCounter(owner, counter, value.number); });
     if (value.type != VB_TYPE_MULTI_STRING)
-        return insertProperty(owner.id, section, name, value);
-
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    if (uint32_t e = insertProperty(owner.id, section, name, value))
-        return e;
-    const std::string sk = fold(section), nk = fold(name);
-    Stmt d = prepare("DELETE FROM list_element WHERE owner = ? AND section_key = ? AND name_key = ?");
-    d.bind(1, owner.id).bind(2, sk).bind(3, nk);
-    int rc = d.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    for (const std::string& item : value.items) {
-        Stmt i = prepare("INSERT OR IGNORE INTO list_element(owner, section_key, name_key, element_key, element) "
-                         "VALUES (?, ?, ?, ?, ?)");
-        i.bind(1, owner.id).bind(2, sk).bind(3, nk).bind(4, fold(item)).bind(5, item);
-        rc = i.step();
-        if (rc != SQLITE_DONE)
-            return fail(rc);
-    }
-    return tx.commit();
+        return writing([&] { return insertProperty(owner.id, section, name, value); });
+    return transaction([&]() -> uint32_t {
+        if (uint32_t e = insertProperty(owner.id, section, name, value))
+            return e;
+        const std::string sk = fold(section), nk = fold(name);
+        Stmt d = prepare("DELETE FROM list_element WHERE owner = ? AND section_key = ? AND name_key = ?");
+        d.bind(1, owner.id).bind(2, sk).bind(3, nk);
+        if (uint32_t e = stepDone(d))
+            return e;
+        return insertEach("INSERT OR IGNORE INTO list_element(owner, section_key, name_key, element_key, element) "
+                          "VALUES (?, ?, ?, ?, ?)",
+                          value.items, [&](Stmt& i, const std::string& item) {
+                              i.bind(1, owner.id).bind(2, sk).bind(3, nk).bind(4, fold(item)).bind(5, item);
+                          });
+    });
 }
 
 uint32_t SqliteConnector::deleteProperty(const ObjectRef& owner, std::string_view section, std::string_view name)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Stmt s = prepare("DELETE FROM property WHERE owner = ? AND section_key = ? AND name_key = ?");
-    s.bind(1, owner.id).bind(2, fold(section)).bind(3, fold(name));
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    return sqlite3_changes(m_db) > 0 ? 0 : VB_ERROR_FILE_NOT_FOUND;
+    return writing([&] {
+        Stmt s = prepare("DELETE FROM property WHERE owner = ? AND section_key = ? AND name_key = ?");
+        s.bind(1, owner.id).bind(2, fold(section)).bind(3, fold(name));
+        return stepChanged(s, VB_ERROR_FILE_NOT_FOUND);
+    });
 }
 
 uint32_t SqliteConnector::propertyNames(const ObjectRef& owner, std::string_view section,
@@ -618,20 +681,14 @@ uint32_t SqliteConnector::propertyNames(const ObjectRef& owner, std::string_view
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT name FROM property WHERE owner = ? AND section_key = ? ORDER BY name_key");
     s.bind(1, owner.id).bind(2, fold(section));
-    int rc;
-    while ((rc = s.step()) == SQLITE_ROW)
-        names.push_back(s.text(0));
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return readTexts(s, names);
 }
 
 uint32_t SqliteConnector::sectionNames(std::vector<std::string>& sections)
 {
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT min(section) FROM property WHERE owner = 0 GROUP BY section_key ORDER BY section_key");
-    int rc;
-    while ((rc = s.step()) == SQLITE_ROW)
-        sections.push_back(s.text(0));
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return readTexts(s, sections);
 }
 
 uint32_t SqliteConnector::listLookup(const ObjectRef& owner, std::string_view section, std::string_view name,
@@ -650,50 +707,62 @@ uint32_t SqliteConnector::listLookup(const ObjectRef& owner, std::string_view se
 uint32_t SqliteConnector::listAdd(const ObjectRef& owner, std::string_view section, std::string_view name,
                                   std::string_view element)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    const std::string sk = fold(section), nk = fold(name);
-    {
+    return transaction([&]() -> uint32_t {
+        const std::string sk = fold(section), nk = fold(name);
         // The property row marks the list as existing (an emptied list still reads as an empty list).
         Stmt m = prepare("INSERT INTO property(owner, section_key, name_key, section, name, type, value) "
                          "VALUES (?, ?, ?, ?, ?, 7, NULL) ON CONFLICT(owner, section_key, name_key) "
                          "DO UPDATE SET type = 7, value = NULL WHERE type <> 7");
         m.bind(1, owner.id).bind(2, sk).bind(3, nk).bind(4, section).bind(5, name);
-        const int rc = m.step();
-        if (rc != SQLITE_DONE)
-            return fail(rc);
-    }
-    Stmt s = prepare("INSERT OR IGNORE INTO list_element(owner, section_key, name_key, element_key, element) "
-                     "VALUES (?, ?, ?, ?, ?)");
-    s.bind(1, owner.id).bind(2, sk).bind(3, nk).bind(4, fold(element)).bind(5, element);
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    if (sqlite3_changes(m_db) == 0)
-        return VB_ERROR_ALREADY_EXISTS; // the transaction rolls back, leaving nothing changed
-    return tx.commit();
+        if (uint32_t e = stepDone(m))
+            return e;
+        Stmt s = prepare("INSERT OR IGNORE INTO list_element(owner, section_key, name_key, element_key, element) "
+                         "VALUES (?, ?, ?, ?, ?)");
+        s.bind(1, owner.id).bind(2, sk).bind(3, nk).bind(4, fold(element)).bind(5, element);
+        // Already there: the transaction rolls back, leaving nothing changed.
+        return stepChanged(s, VB_ERROR_ALREADY_EXISTS);
+    });
 }
 
 uint32_t SqliteConnector::listRemove(const ObjectRef& owner, std::string_view section, std::string_view name,
                                      std::string_view element)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Stmt s = prepare("DELETE FROM list_element WHERE owner = ? AND section_key = ? AND name_key = ? "
-                     "AND element_key = ?");
-    s.bind(1, owner.id).bind(2, fold(section)).bind(3, fold(name)).bind(4, fold(element));
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    return sqlite3_changes(m_db) > 0 ? 0 : VB_ERROR_NOT_FOUND;
+    return writing([&] {
+        Stmt s = prepare("DELETE FROM list_element WHERE owner = ? AND section_key = ? AND name_key = ? "
+                         "AND element_key = ?");
+        s.bind(1, owner.id).bind(2, fold(section)).bind(3, fold(name)).bind(4, fold(element));
+        return stepChanged(s, VB_ERROR_NOT_FOUND);
+    });
 }
 
 // ---- objects ----------------------------------------------------------------------------------
+
+// One row of the snapshot query (below) into the snapshot: a property, a list element or the counters.
+static void addSnapshotRow(Stmt& s, Snapshot& snapshot, uint32_t counters[7])
+{
+    const int tag = int(s.int64(3));
+    if (tag == 0) {
+        if (s.type(4) == SQLITE_NULL)
+            return; // an object without properties
+        Value& v = snapshot.values[s.text(4)];
+        v.type = uint32_t(s.int64(6));
+        if (v.type == VB_TYPE_DWORD)
+            v.number = uint32_t(s.int64(7));
+        else if (v.type == VB_TYPE_STRING)
+            v.text = s.text(7);
+    } else if (tag == 1) {
+        auto it = snapshot.values.find(s.text(4));
+        if (it != snapshot.values.end())
+            it->second.items.push_back(s.text(7));
+    } else {
+        const std::string t = s.text(7);
+        long long c[7] = {};
+        if (std::sscanf(t.c_str(), "%lld %lld %lld %lld %lld %lld %lld", &c[0], &c[1], &c[2], &c[3], &c[4], &c[5],
+                        &c[6]) == 7)
+            for (int i = 0; i < 7; ++i)
+                counters[i] = uint32_t(c[i]);
+    }
+}
 
 uint32_t SqliteConnector::loadSnapshot(Kind kind, std::string_view parentName, std::string_view name,
                                        Snapshot& snapshot)
@@ -726,33 +795,9 @@ ORDER BY 4, 9
     while ((rc = s.step()) == SQLITE_ROW) {
         if (!found) {
             found = true;
-            snapshot.object.id = s.int64(0);
-            snapshot.object.parent = s.int64(1);
-            snapshot.object.name = s.text(2);
-            snapshot.object.kind = kind;
+            snapshot.object = ObjectRef{s.int64(0), kind, s.int64(1), s.text(2)};
         }
-        const int tag = int(s.int64(3));
-        if (tag == 0) {
-            if (s.type(4) == SQLITE_NULL)
-                continue; // an object without properties
-            Value& v = snapshot.values[s.text(4)];
-            v.type = uint32_t(s.int64(6));
-            if (v.type == VB_TYPE_DWORD)
-                v.number = uint32_t(s.int64(7));
-            else if (v.type == VB_TYPE_STRING)
-                v.text = s.text(7);
-        } else if (tag == 1) {
-            auto it = snapshot.values.find(s.text(4));
-            if (it != snapshot.values.end())
-                it->second.items.push_back(s.text(7));
-        } else {
-            const std::string t = s.text(7);
-            long long c[7] = {};
-            if (std::sscanf(t.c_str(), "%lld %lld %lld %lld %lld %lld %lld", &c[0], &c[1], &c[2], &c[3], &c[4],
-                            &c[5], &c[6]) == 7)
-                for (int i = 0; i < 7; ++i)
-                    counters[i] = uint32_t(c[i]);
-        }
+        addSnapshotRow(s, snapshot, counters);
     }
     if (rc != SQLITE_DONE)
         return fail(rc);
@@ -773,16 +818,7 @@ uint32_t SqliteConnector::findObject(Kind kind, int64_t parent, std::string_view
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT id, name FROM object WHERE kind = ? AND parent = ? AND name_key = ?");
     s.bind(1, int64_t(kind)).bind(2, parent).bind(3, fold(name));
-    const int rc = s.step();
-    if (rc == SQLITE_DONE)
-        return VB_ERROR_FILE_NOT_FOUND;
-    if (rc != SQLITE_ROW)
-        return fail(rc);
-    object.id = s.int64(0);
-    object.name = s.text(1);
-    object.kind = kind;
-    object.parent = parent;
-    return 0;
+    return readObject(s, kind, parent, object);
 }
 
 uint32_t SqliteConnector::firstObject(Kind kind, int64_t parent, ObjectRef& object)
@@ -790,16 +826,7 @@ uint32_t SqliteConnector::firstObject(Kind kind, int64_t parent, ObjectRef& obje
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT id, name FROM object WHERE kind = ? AND parent = ? ORDER BY id LIMIT 1");
     s.bind(1, int64_t(kind)).bind(2, parent);
-    const int rc = s.step();
-    if (rc == SQLITE_DONE)
-        return VB_ERROR_FILE_NOT_FOUND;
-    if (rc != SQLITE_ROW)
-        return fail(rc);
-    object.id = s.int64(0);
-    object.name = s.text(1);
-    object.kind = kind;
-    object.parent = parent;
-    return 0;
+    return readObject(s, kind, parent, object);
 }
 
 uint32_t SqliteConnector::updateMailboxCount(int64_t domain, int64_t delta)
@@ -810,9 +837,8 @@ uint32_t SqliteConnector::updateMailboxCount(int64_t domain, int64_t delta)
         Stmt u = prepare("UPDATE property SET value = max(0, coalesce(value, 0) + ?2) "
                          "WHERE owner = ?1 AND section_key = '' AND name_key = 'mailboxcount' AND type = 4");
         u.bind(1, domain).bind(2, delta);
-        const int rc = u.step();
-        if (rc != SQLITE_DONE)
-            return fail(rc);
+        if (uint32_t e = stepDone(u))
+            return e;
         if (sqlite3_changes(m_db) > 0)
             return 0;
     }
@@ -822,61 +848,34 @@ uint32_t SqliteConnector::updateMailboxCount(int64_t domain, int64_t delta)
                      "(SELECT count(*) FROM object WHERE kind = 2 AND parent = ?1)) "
                      "ON CONFLICT(owner, section_key, name_key) DO UPDATE SET type = 4, value = excluded.value");
     s.bind(1, domain);
-    const int rc = s.step();
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return stepDone(s);
 }
 
 uint32_t SqliteConnector::createObject(Kind kind, int64_t parent, std::string_view name, ObjectRef& object)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    if (kind == Kind::Domain) {
-        // A domain's name must not already be a synonym of another.
-        Stmt q = prepare("SELECT 1 FROM synonym WHERE name_key = ?");
-        q.bind(1, fold(name));
-        if (q.step() == SQLITE_ROW)
-            return VB_ERROR_ALREADY_EXISTS;
-    }
-    Stmt s = prepare("INSERT INTO object(kind, parent, name_key, name) VALUES (?, ?, ?, ?)");
-    s.bind(1, int64_t(kind)).bind(2, parent).bind(3, fold(name)).bind(4, name);
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    object.id = sqlite3_last_insert_rowid(m_db);
-    object.kind = kind;
-    object.parent = parent;
-    object.name = std::string(name);
-    if (kind == Kind::Mailbox)
-        if (uint32_t e = updateMailboxCount(parent, 1))
+    return transaction([&]() -> uint32_t {
+        if (kind == Kind::Domain && synonymExists(name))
+            return VB_ERROR_ALREADY_EXISTS; // a domain's name must not already be a synonym of another
+        Stmt s = prepare("INSERT INTO object(kind, parent, name_key, name) VALUES (?, ?, ?, ?)");
+        s.bind(1, int64_t(kind)).bind(2, parent).bind(3, fold(name)).bind(4, name);
+        if (uint32_t e = stepDone(s))
             return e;
-    return tx.commit();
+        object = ObjectRef{sqlite3_last_insert_rowid(m_db), kind, parent, std::string(name)};
+        return kind == Kind::Mailbox ? updateMailboxCount(parent, 1) : 0;
+    });
 }
 
 uint32_t SqliteConnector::destroyObject(const ObjectRef& object)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
     if (object.id == 0)
-        return VB_ERROR_INVALID_PARAMETER;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    Stmt s = prepare("DELETE FROM object WHERE id = ?");
-    s.bind(1, object.id);
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    if (sqlite3_changes(m_db) == 0)
-        return VB_ERROR_FILE_NOT_FOUND;
-    if (object.kind == Kind::Mailbox)
-        if (uint32_t e = updateMailboxCount(object.parent, -1))
+        return m_readOnly ? VB_ERROR_ACCESS_DENIED : VB_ERROR_INVALID_PARAMETER;
+    return transaction([&]() -> uint32_t {
+        Stmt s = prepare("DELETE FROM object WHERE id = ?");
+        s.bind(1, object.id);
+        if (uint32_t e = stepChanged(s, VB_ERROR_FILE_NOT_FOUND))
             return e;
-    return tx.commit();
+        return object.kind == Kind::Mailbox ? updateMailboxCount(object.parent, -1) : 0;
+    });
 }
 
 uint32_t SqliteConnector::objectNames(Kind kind, int64_t parent, std::vector<std::string>& names)
@@ -886,10 +885,7 @@ uint32_t SqliteConnector::objectNames(Kind kind, int64_t parent, std::vector<std
                  ? prepare("SELECT name FROM object WHERE kind = ? AND parent = ? ORDER BY id")
                  : prepare("SELECT name FROM object WHERE kind = ? AND parent = ? ORDER BY name_key");
     s.bind(1, int64_t(kind)).bind(2, parent);
-    int rc;
-    while ((rc = s.step()) == SQLITE_ROW)
-        names.push_back(s.text(0));
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return readTexts(s, names);
 }
 
 uint32_t SqliteConnector::countObjects(Kind kind, int64_t parent, uint64_t& count)
@@ -898,11 +894,7 @@ uint32_t SqliteConnector::countObjects(Kind kind, int64_t parent, uint64_t& coun
     Stmt s = parent < 0 ? prepare("SELECT count(*) FROM object WHERE kind = ?1 AND ?2 < 0")
                         : prepare("SELECT count(*) FROM object WHERE kind = ?1 AND parent = ?2");
     s.bind(1, int64_t(kind)).bind(2, parent);
-    const int rc = s.step();
-    if (rc != SQLITE_ROW)
-        return fail(rc);
-    count = uint64_t(s.int64(0));
-    return 0;
+    return readCount(s, count);
 }
 
 uint32_t SqliteConnector::countMailboxesWith(int64_t domain, std::string_view property, uint64_t& count)
@@ -912,11 +904,7 @@ uint32_t SqliteConnector::countMailboxesWith(int64_t domain, std::string_view pr
                      "AND p.name_key = ?1 WHERE o.kind = 2 AND (?2 < 0 OR o.parent = ?2) AND p.type = 4 "
                      "AND p.value <> 0");
     s.bind(1, fold(property)).bind(2, domain);
-    const int rc = s.step();
-    if (rc != SQLITE_ROW)
-        return fail(rc);
-    count = uint64_t(s.int64(0));
-    return 0;
+    return readCount(s, count);
 }
 
 uint32_t SqliteConnector::findDomainByProperty(std::string_view property, std::string_view text,
@@ -927,16 +915,7 @@ uint32_t SqliteConnector::findDomainByProperty(std::string_view property, std::s
                      "AND p.name_key = ? WHERE o.kind = 1 AND o.parent = 0 AND p.type = 1 "
                      "AND p.value = ? COLLATE NOCASE ORDER BY o.name_key LIMIT 1");
     s.bind(1, fold(property)).bind(2, text);
-    const int rc = s.step();
-    if (rc == SQLITE_DONE)
-        return VB_ERROR_FILE_NOT_FOUND;
-    if (rc != SQLITE_ROW)
-        return fail(rc);
-    domain.id = s.int64(0);
-    domain.name = s.text(1);
-    domain.kind = Kind::Domain;
-    domain.parent = 0;
-    return 0;
+    return readObject(s, Kind::Domain, 0, domain);
 }
 
 uint32_t SqliteConnector::getPassword(const ObjectRef& mailbox, std::string& sealed)
@@ -957,28 +936,28 @@ uint32_t SqliteConnector::getPassword(const ObjectRef& mailbox, std::string& sea
 
 uint32_t SqliteConnector::setPassword(const ObjectRef& mailbox, std::string_view sealed)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Stmt s = prepare("UPDATE object SET password = ? WHERE id = ?");
-    s.bindBlob(1, sealed).bind(2, mailbox.id);
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    return sqlite3_changes(m_db) > 0 ? 0 : VB_ERROR_FILE_NOT_FOUND;
+    return writing([&] {
+        Stmt s = prepare("UPDATE object SET password = ? WHERE id = ?");
+        s.bindBlob(1, sealed).bind(2, mailbox.id);
+        return stepChanged(s, VB_ERROR_FILE_NOT_FOUND);
+    });
 }
 
 // ---- synonyms and aliases ---------------------------------------------------------------------
+
+bool SqliteConnector::synonymExists(std::string_view name)
+{
+    Stmt q = prepare("SELECT 1 FROM synonym WHERE name_key = ?");
+    q.bind(1, fold(name));
+    return q.step() == SQLITE_ROW;
+}
 
 uint32_t SqliteConnector::synonymNames(int64_t domain, std::vector<std::string>& names)
 {
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT name FROM synonym WHERE domain = ? ORDER BY name_key");
     s.bind(1, domain);
-    int rc;
-    while ((rc = s.step()) == SQLITE_ROW)
-        names.push_back(s.text(0));
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return readTexts(s, names);
 }
 
 uint32_t SqliteConnector::findSynonym(std::string_view synonym, ObjectRef& domain)
@@ -986,76 +965,46 @@ uint32_t SqliteConnector::findSynonym(std::string_view synonym, ObjectRef& domai
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT o.id, o.name FROM synonym y JOIN object o ON o.id = y.domain WHERE y.name_key = ?");
     s.bind(1, fold(synonym));
-    const int rc = s.step();
-    if (rc == SQLITE_DONE)
-        return VB_ERROR_FILE_NOT_FOUND;
-    if (rc != SQLITE_ROW)
-        return fail(rc);
-    domain.id = s.int64(0);
-    domain.name = s.text(1);
-    domain.kind = Kind::Domain;
-    domain.parent = 0;
-    return 0;
+    return readObject(s, Kind::Domain, 0, domain);
 }
 
 uint32_t SqliteConnector::createSynonym(int64_t domain, std::string_view synonym)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    Stmt q = prepare("SELECT 1 FROM object WHERE kind = 1 AND parent = 0 AND name_key = ?");
-    q.bind(1, fold(synonym));
-    if (q.step() == SQLITE_ROW)
-        return VB_ERROR_ALREADY_EXISTS;
-    Stmt s = prepare("INSERT INTO synonym(name_key, name, domain) VALUES (?, ?, ?)");
-    s.bind(1, fold(synonym)).bind(2, synonym).bind(3, domain);
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    return tx.commit();
+    return transaction([&]() -> uint32_t {
+        Stmt q = prepare("SELECT 1 FROM object WHERE kind = 1 AND parent = 0 AND name_key = ?");
+        q.bind(1, fold(synonym));
+        if (q.step() == SQLITE_ROW)
+            return VB_ERROR_ALREADY_EXISTS;
+        Stmt s = prepare("INSERT INTO synonym(name_key, name, domain) VALUES (?, ?, ?)");
+        s.bind(1, fold(synonym)).bind(2, synonym).bind(3, domain);
+        return stepDone(s);
+    });
 }
 
 uint32_t SqliteConnector::destroySynonym(std::string_view synonym)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Stmt s = prepare("DELETE FROM synonym WHERE name_key = ?");
-    s.bind(1, fold(synonym));
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    return sqlite3_changes(m_db) > 0 ? 0 : VB_ERROR_FILE_NOT_FOUND;
+    return writing([&] {
+        Stmt s = prepare("DELETE FROM synonym WHERE name_key = ?");
+        s.bind(1, fold(synonym));
+        return stepChanged(s, VB_ERROR_FILE_NOT_FOUND);
+    });
 }
 
 uint32_t SqliteConnector::convertSynonym(std::string_view synonym)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    std::string name;
-    {
+    return transaction([&]() -> uint32_t {
+        std::vector<std::string> name;
         Stmt q = prepare("SELECT name FROM synonym WHERE name_key = ?");
         q.bind(1, fold(synonym));
-        const int rc = q.step();
-        if (rc == SQLITE_DONE)
+        if (uint32_t e = readTexts(q, name))
+            return e;
+        if (name.empty())
             return VB_ERROR_FILE_NOT_FOUND;
-        if (rc != SQLITE_ROW)
-            return fail(rc);
-        name = q.text(0);
-    }
-    if (uint32_t e = destroySynonym(synonym))
-        return e;
-    ObjectRef created;
-    if (uint32_t e = createObject(Kind::Domain, 0, name, created))
-        return e;
-    return tx.commit();
+        if (uint32_t e = destroySynonym(synonym))
+            return e;
+        ObjectRef created;
+        return createObject(Kind::Domain, 0, name.front(), created);
+    });
 }
 
 uint32_t SqliteConnector::aliasNamesOfDomain(int64_t domain, std::vector<std::string>& names)
@@ -1063,10 +1012,7 @@ uint32_t SqliteConnector::aliasNamesOfDomain(int64_t domain, std::vector<std::st
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT name FROM mailbox_alias WHERE domain = ? ORDER BY name_key");
     s.bind(1, domain);
-    int rc;
-    while ((rc = s.step()) == SQLITE_ROW)
-        names.push_back(s.text(0));
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return readTexts(s, names);
 }
 
 uint32_t SqliteConnector::aliasNamesOfMailbox(int64_t mailbox, std::vector<std::string>& names)
@@ -1074,44 +1020,30 @@ uint32_t SqliteConnector::aliasNamesOfMailbox(int64_t mailbox, std::vector<std::
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT name FROM mailbox_alias WHERE mailbox = ? ORDER BY name_key");
     s.bind(1, mailbox);
-    int rc;
-    while ((rc = s.step()) == SQLITE_ROW)
-        names.push_back(s.text(0));
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return readTexts(s, names);
 }
 
 uint32_t SqliteConnector::createAlias(const ObjectRef& mailbox, std::string_view alias)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    // An alias must not hide a mailbox of the same name.
-    Stmt q = prepare("SELECT 1 FROM object WHERE kind = 2 AND parent = ? AND name_key = ?");
-    q.bind(1, mailbox.parent).bind(2, fold(alias));
-    if (q.step() == SQLITE_ROW)
-        return VB_ERROR_ALREADY_EXISTS;
-    Stmt s = prepare("INSERT INTO mailbox_alias(domain, name_key, name, mailbox) VALUES (?, ?, ?, ?)");
-    s.bind(1, mailbox.parent).bind(2, fold(alias)).bind(3, alias).bind(4, mailbox.id);
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    return tx.commit();
+    return transaction([&]() -> uint32_t {
+        // An alias must not hide a mailbox of the same name.
+        Stmt q = prepare("SELECT 1 FROM object WHERE kind = 2 AND parent = ? AND name_key = ?");
+        q.bind(1, mailbox.parent).bind(2, fold(alias));
+        if (q.step() == SQLITE_ROW)
+            return VB_ERROR_ALREADY_EXISTS;
+        Stmt s = prepare("INSERT INTO mailbox_alias(domain, name_key, name, mailbox) VALUES (?, ?, ?, ?)");
+        s.bind(1, mailbox.parent).bind(2, fold(alias)).bind(3, alias).bind(4, mailbox.id);
+        return stepDone(s);
+    });
 }
 
 uint32_t SqliteConnector::destroyAlias(const ObjectRef& mailbox, std::string_view alias)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Stmt s = prepare("DELETE FROM mailbox_alias WHERE domain = ? AND name_key = ? AND mailbox = ?");
-    s.bind(1, mailbox.parent).bind(2, fold(alias)).bind(3, mailbox.id);
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    return sqlite3_changes(m_db) > 0 ? 0 : VB_ERROR_FILE_NOT_FOUND;
+    return writing([&] {
+        Stmt s = prepare("DELETE FROM mailbox_alias WHERE domain = ? AND name_key = ? AND mailbox = ?");
+        s.bind(1, mailbox.parent).bind(2, fold(alias)).bind(3, mailbox.id);
+        return stepChanged(s, VB_ERROR_FILE_NOT_FOUND);
+    });
 }
 
 uint32_t SqliteConnector::aliasOwner(int64_t domain, std::string_view alias, ObjectRef& mailbox)
@@ -1120,16 +1052,7 @@ uint32_t SqliteConnector::aliasOwner(int64_t domain, std::string_view alias, Obj
     Stmt s = prepare("SELECT o.id, o.name FROM mailbox_alias a JOIN object o ON o.id = a.mailbox "
                      "WHERE a.domain = ? AND a.name_key = ?");
     s.bind(1, domain).bind(2, fold(alias));
-    const int rc = s.step();
-    if (rc == SQLITE_DONE)
-        return VB_ERROR_FILE_NOT_FOUND;
-    if (rc != SQLITE_ROW)
-        return fail(rc);
-    mailbox.id = s.int64(0);
-    mailbox.name = s.text(1);
-    mailbox.kind = Kind::Mailbox;
-    mailbox.parent = domain;
-    return 0;
+    return readObject(s, Kind::Mailbox, domain, mailbox);
 }
 
 // ---- services ---------------------------------------------------------------------------------
@@ -1176,30 +1099,24 @@ uint32_t SqliteConnector::getService(std::string_view name, ServiceRecord& servi
 
 uint32_t SqliteConnector::putService(const ServiceRecord& r)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Stmt s = prepare("INSERT INTO service(name_key, name, ordinal, controller, unit, state, pending_state, "
-                     "final_state, pending_until) VALUES (?1, ?2, (SELECT coalesce(max(ordinal), 0) + 1 FROM service), "
-                     "?3, ?4, ?5, ?6, ?7, ?8) ON CONFLICT(name_key) DO UPDATE SET controller = ?3, unit = ?4, "
-                     "state = ?5, pending_state = ?6, final_state = ?7, pending_until = ?8");
-    s.bind(1, fold(r.name)).bind(2, r.name).bind(3, r.controller).bind(4, r.unit).bind(5, r.state);
-    s.bind(6, r.pendingState).bind(7, r.finalState).bind(8, r.pendingUntilMs);
-    const int rc = s.step();
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return writing([&] {
+        Stmt s = prepare("INSERT INTO service(name_key, name, ordinal, controller, unit, state, pending_state, "
+                         "final_state, pending_until) VALUES (?1, ?2, (SELECT coalesce(max(ordinal), 0) + 1 FROM "
+                         "service), ?3, ?4, ?5, ?6, ?7, ?8) ON CONFLICT(name_key) DO UPDATE SET controller = ?3, "
+                         "unit = ?4, state = ?5, pending_state = ?6, final_state = ?7, pending_until = ?8");
+        s.bind(1, fold(r.name)).bind(2, r.name).bind(3, r.controller).bind(4, r.unit).bind(5, r.state);
+        s.bind(6, r.pendingState).bind(7, r.finalState).bind(8, r.pendingUntilMs);
+        return stepDone(s);
+    });
 }
 
 uint32_t SqliteConnector::removeService(std::string_view name)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Stmt s = prepare("DELETE FROM service WHERE name_key = ?");
-    s.bind(1, fold(name));
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
-    return sqlite3_changes(m_db) > 0 ? 0 : VB_ERROR_SERVICE_DOES_NOT_EXIST;
+    return writing([&] {
+        Stmt s = prepare("DELETE FROM service WHERE name_key = ?");
+        s.bind(1, fold(name));
+        return stepChanged(s, VB_ERROR_SERVICE_DOES_NOT_EXIST);
+    });
 }
 
 // ---- routes and the alias mapping -------------------------------------------------------------
@@ -1224,32 +1141,26 @@ uint32_t SqliteConnector::loadRoutes(std::vector<Route>& routes)
 
 uint32_t SqliteConnector::saveRoutes(const std::vector<Route>& routes)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    if (uint32_t e = exec("DELETE FROM route_host; DELETE FROM route;"))
-        return e;
-    int64_t seq = 0;
-    for (const Route& r : routes) {
-        ++seq;
-        Stmt s = prepare("INSERT INTO route(seq, domain_mask, rule) VALUES (?, ?, ?)");
-        s.bind(1, seq).bind(2, r.domainMask).bind(3, r.rule);
-        int rc = s.step();
-        if (rc != SQLITE_DONE)
-            return fail(rc);
-        int64_t hseq = 0;
-        for (const RouteHost& h : r.hosts) {
-            Stmt hs = prepare("INSERT INTO route_host(route, seq, host, port, preference) VALUES (?, ?, ?, ?, ?)");
-            hs.bind(1, seq).bind(2, ++hseq).bind(3, h.host).bind(4, h.port).bind(5, h.preference);
-            rc = hs.step();
-            if (rc != SQLITE_DONE)
-                return fail(rc);
+    return transaction([&]() -> uint32_t {
+        if (uint32_t e = exec("DELETE FROM route_host; DELETE FROM route;"))
+            return e;
+        int64_t seq = 0;
+        for (const Route& r : routes) {
+            Stmt s = prepare("INSERT INTO route(seq, domain_mask, rule) VALUES (?, ?, ?)");
+            s.bind(1, ++seq).bind(2, r.domainMask).bind(3, r.rule);
+            if (uint32_t e = stepDone(s))
+                return e;
+            int64_t hseq = 0;
+            const uint32_t e =
+                insertEach("INSERT INTO route_host(route, seq, host, port, preference) VALUES (?, ?, ?, ?, ?)",
+                           r.hosts, [&](Stmt& hs, const RouteHost& h) {
+                               hs.bind(1, seq).bind(2, ++hseq).bind(3, h.host).bind(4, h.port).bind(5, h.preference);
+                           });
+            if (e)
+                return e;
         }
-    }
-    return tx.commit();
+        return 0;
+    });
 }
 
 uint32_t SqliteConnector::loadAliasMapping(std::vector<AliasEntry>& entries)
@@ -1264,53 +1175,31 @@ uint32_t SqliteConnector::loadAliasMapping(std::vector<AliasEntry>& entries)
 
 uint32_t SqliteConnector::saveAliasMapping(const std::vector<AliasEntry>& entries)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    if (uint32_t e = exec("DELETE FROM alias_mapping"))
-        return e;
-    int64_t seq = 0;
-    for (const AliasEntry& a : entries) {
-        Stmt s = prepare("INSERT INTO alias_mapping(seq, alias, target) VALUES (?, ?, ?)");
-        s.bind(1, ++seq).bind(2, a.alias).bind(3, a.target);
-        const int rc = s.step();
-        if (rc != SQLITE_DONE)
-            return fail(rc);
-    }
-    return tx.commit();
+    return transaction([&]() -> uint32_t {
+        if (uint32_t e = exec("DELETE FROM alias_mapping"))
+            return e;
+        int64_t seq = 0;
+        return insertEach("INSERT INTO alias_mapping(seq, alias, target) VALUES (?, ?, ?)", entries,
+                          [&](Stmt& s, const AliasEntry& a) { s.bind(1, ++seq).bind(2, a.alias).bind(3, a.target); });
+    });
 }
 
 // ---- retries ----------------------------------------------------------------------------------
 
 uint32_t SqliteConnector::addRetries(const std::vector<std::string>& names)
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Tx tx(*this);
-    if (tx.error())
-        return tx.error();
-    for (const std::string& n : names) {
-        Stmt s = prepare("INSERT INTO retry_request(name, requested) VALUES (?, ?)");
-        s.bind(1, n).bind(2, nowMs() / 1000);
-        const int rc = s.step();
-        if (rc != SQLITE_DONE)
-            return fail(rc);
-    }
-    return tx.commit();
+    const int64_t now = nowMs() / 1000;
+    return transaction([&] {
+        return insertEach("INSERT INTO retry_request(name, requested) VALUES (?, ?)", names,
+                          [&](Stmt& s, const std::string& n) { s.bind(1, n).bind(2, now); });
+    });
 }
 
 uint32_t SqliteConnector::pendingRetries(std::vector<std::string>& names)
 {
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT name FROM retry_request ORDER BY id");
-    int rc;
-    while ((rc = s.step()) == SQLITE_ROW)
-        names.push_back(s.text(0));
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return readTexts(s, names);
 }
 
 // ---- traffic report ---------------------------------------------------------------------------
@@ -1335,9 +1224,8 @@ uint32_t SqliteConnector::trafficSelect(uint64_t id, const TrafficQuery& q, uint
     if (any)
         for (int i = 0; i < 7; ++i)
             s.bind(3 + i, int64_t(q.thresholds[i]));
-    const int rc = s.step();
-    if (rc != SQLITE_DONE)
-        return fail(rc);
+    if (uint32_t e = stepDone(s))
+        return e;
     rows = uint64_t(sqlite3_changes64(m_db));
     return 0;
 }
@@ -1373,16 +1261,14 @@ void SqliteConnector::trafficDrop(uint64_t id)
 
 uint32_t SqliteConnector::setTraffic(const ObjectRef& mailbox, const uint32_t c[7])
 {
-    std::lock_guard lock(m_mutex);
-    if (m_readOnly)
-        return VB_ERROR_ACCESS_DENIED;
-    Stmt s = prepare("INSERT OR REPLACE INTO traffic(mailbox, domain, c0, c1, c2, c3, c4, c5, c6) "
-                     "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)");
-    s.bind(1, mailbox.id).bind(2, mailbox.parent);
-    for (int i = 0; i < 7; ++i)
-        s.bind(3 + i, int64_t(c[i]));
-    const int rc = s.step();
-    return rc == SQLITE_DONE ? 0 : fail(rc);
+    return writing([&] {
+        Stmt s = prepare("INSERT OR REPLACE INTO traffic(mailbox, domain, c0, c1, c2, c3, c4, c5, c6) "
+                         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)");
+        s.bind(1, mailbox.id).bind(2, mailbox.parent);
+        for (int i = 0; i < 7; ++i)
+            s.bind(3 + i, int64_t(c[i]));
+        return stepDone(s);
+    });
 }
 
 } // namespace vb

@@ -116,6 +116,26 @@ private:
     uint32_t fail(int rc);
     uint32_t readOnlyError() const;
     uint32_t insertProperty(int64_t owner, std::string_view section, std::string_view name, const Value& v);
+    uint32_t getCounter(const ObjectRef& mailbox, int counter, Value& value);
+    uint32_t setCounter(const ObjectRef& mailbox, int counter, uint32_t number);
+    bool synonymExists(std::string_view name);
+
+    // The shapes every operation shares. A step that returns no row; one that must change a row (else
+    // notFound); every row's first column as text; an (id, name) row as an object; a count(*) row.
+    uint32_t stepDone(Stmt& s);
+    uint32_t stepChanged(Stmt& s, uint32_t notFound);
+    uint32_t readTexts(Stmt& s, std::vector<std::string>& out);
+    uint32_t readObject(Stmt& s, Kind kind, int64_t parent, ObjectRef& object);
+    uint32_t readCount(Stmt& s, uint64_t& count);
+    // Runs work under the lock; a read-only store refuses it with VB_ERROR_ACCESS_DENIED.
+    template <class Work>
+    uint32_t writing(Work&& work);
+    // The same, all or nothing: a failure of work rolls back what it did.
+    template <class Work>
+    uint32_t transaction(Work&& work);
+    // Prepares sql once per item, lets bind fill it and steps it; stops at the first failure.
+    template <class Items, class Bind>
+    uint32_t insertEach(const char* sql, const Items& items, Bind&& bind);
     uint32_t updateMailboxCount(int64_t domain, int64_t delta);
 
     // A transaction that nests inside one the caller opened with begin().
