@@ -87,16 +87,12 @@ protected:
 
 } // namespace
 
-class tst_PropertySheet : public QObject {
+class tst_PropertySheet : public CDialogTest {
     Q_OBJECT
-private Q_SLOTS:
-    void init() { m_platform = std::make_unique<CScriptedPlatform>(); }
-    void cleanup()
-    {
-        m_platform.reset();
-        QCOMPARE(Harness::leftoverTopLevels(), QStringList());
-    }
+public:
+    tst_PropertySheet() : CDialogTest(false) {}
 
+private Q_SLOTS:
     void pagesInitialisedOnFirstActivationOnly();
     void okAppliesOnlyPagesThatWereShown();
     void refusedKillActiveKeepsPage();
@@ -106,9 +102,6 @@ private Q_SLOTS:
     void helpUsesActivePageContext();
     void dialogRangeCheck_data();
     void dialogRangeCheck();
-
-private:
-    std::unique_ptr<CScriptedPlatform> m_platform;
 };
 
 void tst_PropertySheet::pagesInitialisedOnFirstActivationOnly()

@@ -16,12 +16,12 @@ constexpr unsigned kMessage = 57404;
 constexpr unsigned kCaption = 57403;
 } // namespace
 
-class tst_Reminder : public QObject {
+class tst_Reminder : public CDialogTest {
     Q_OBJECT
-private Q_SLOTS:
-    void init();
-    void cleanup();
+public:
+    tst_Reminder() : CDialogTest(false) {}
 
+private Q_SLOTS:
     void silencedReturnsOkWithoutWindow_data();
     void silencedReturnsOkWithoutWindow();
     void buttonsIconAndTexts_data();
@@ -35,19 +35,7 @@ private:
     // Runs a reminder; driver (when set) acts on its window. shown tells whether a window came up.
     int runReminder(CReminder& reminder, const std::function<void(QDialog*)>& driver, bool* shown = nullptr);
 
-    std::unique_ptr<CScriptedPlatform> m_platform;
 };
-
-void tst_Reminder::init()
-{
-    m_platform = std::make_unique<CScriptedPlatform>();
-}
-
-void tst_Reminder::cleanup()
-{
-    m_platform.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
-}
 
 int tst_Reminder::runReminder(CReminder& reminder, const std::function<void(QDialog*)>& driver, bool* shown)
 {
@@ -134,7 +122,7 @@ void tst_Reminder::buttonsIconAndTexts()
         message = Harness::control<QLabel>(d, "lblMessage")->text();
         checkText = Harness::control<QCheckBox>(d, "chkDontShowAgain")->text();
         checked = Harness::control<QCheckBox>(d, "chkDontShowAgain")->isChecked();
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
     QCOMPARE(cancelVisible, cancelShown);
@@ -172,11 +160,11 @@ void tst_Reminder::choiceRememberedOnlyOnCheckedOk()
         CReminder reminder(nullptr, kMessage, kKey, kCaption, 49);
         result = runReminder(reminder, [&](QDialog* d) {
             if (check)
-                Harness::click(Harness::control<QCheckBox>(d, "chkDontShowAgain"));
+                Harness::clickButton(d, "chkDontShowAgain");
             if (how == QLatin1String("ok"))
-                Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+                Harness::clickButton(d, "btnOK");
             else if (how == QLatin1String("cancel"))
-                Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+                Harness::clickButton(d, "btnCancel");
             else
                 Harness::pressKey(Harness::control<QCheckBox>(d, "chkDontShowAgain"),
                                   how == QLatin1String("enter") ? Qt::Key_Return : Qt::Key_Escape);
@@ -206,8 +194,8 @@ void tst_Reminder::withoutSettingsAlwaysShownNeverStored()
     {
         CReminder reminder(nullptr, kMessage, kKey, kCaption, 49);
         QCOMPARE(runReminder(reminder, [](QDialog* d) {
-            Harness::click(Harness::control<QCheckBox>(d, "chkDontShowAgain"));
-            Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+            Harness::clickButton(d, "chkDontShowAgain");
+            Harness::clickButton(d, "btnOK");
         }, &shown), 1);
     }
     QVERIFY(shown);
@@ -223,8 +211,8 @@ void tst_Reminder::hostHelperShowsAndRemembers()
     const int result = Harness::driveModal([&] { return entry(0, kMessage, "WebDirectoryReminder", kCaption, 49); },
                                            [&](QDialog* d) {
                                                title = d->windowTitle();
-                                               Harness::click(Harness::control<QCheckBox>(d, "chkDontShowAgain"));
-                                               Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+                                               Harness::clickButton(d, "chkDontShowAgain");
+                                               Harness::clickButton(d, "btnOK");
                                            });
     QCOMPARE(result, 1);
     QCOMPARE(title, QStringLiteral("A UNC path is required"));
@@ -233,8 +221,8 @@ void tst_Reminder::hostHelperShowsAndRemembers()
     QCOMPARE(entry(0, kMessage, "WebDirectoryReminder", kCaption, 49), 1);
     // No key: shown every time and never remembered (nor is a null key a crash).
     const int unnamed = Harness::driveModal([&] { return entry(0, kMessage, nullptr, 0, 0); }, [&](QDialog* d) {
-        Harness::click(Harness::control<QCheckBox>(d, "chkDontShowAgain"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "chkDontShowAgain");
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(unnamed, 1);
     QCOMPARE(m_platform->callsOf(QStringLiteral("setReminderValue")).size(), 1);

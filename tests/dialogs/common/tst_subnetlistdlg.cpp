@@ -99,12 +99,12 @@ void click(QWidget* d, const char* name)
 
 } // namespace
 
-class tst_SubnetListDlg : public QObject {
+class tst_SubnetListDlg : public CDialogTest {
     Q_OBJECT
-private Q_SLOTS:
-    void init();
-    void cleanup();
+public:
+    tst_SubnetListDlg() : CDialogTest(false) {}
 
+private Q_SLOTS:
     void addressControlTyping_data();
     void addressControlTyping();
     void tabOrder();
@@ -132,24 +132,7 @@ private:
     int run(_tIp4Subnet** list, const std::function<void(QDialog*)>& driver);
     QString writeFile(const QString& name, const QByteArray& bytes);
 
-    std::unique_ptr<CScriptedPlatform> m_platform;
-    std::unique_ptr<QTemporaryDir> m_dir;
 };
-
-void tst_SubnetListDlg::init()
-{
-    m_platform = std::make_unique<CScriptedPlatform>();
-    m_dir = std::make_unique<QTemporaryDir>();
-}
-
-void tst_SubnetListDlg::cleanup()
-{
-    QCOMPARE(m_platform->unusedAnswers(), 0);
-    QCOMPARE(m_platform->waitCursorDepth(), 0);
-    m_platform.reset();
-    m_dir.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
-}
 
 int tst_SubnetListDlg::run(_tIp4Subnet** list, const std::function<void(QDialog*)>& driver)
 {

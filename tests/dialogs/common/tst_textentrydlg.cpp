@@ -7,12 +7,12 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-class tst_TextEntryDlg : public QObject {
+class tst_TextEntryDlg : public CDialogTest {
     Q_OBJECT
-private Q_SLOTS:
-    void init();
-    void cleanup();
+public:
+    tst_TextEntryDlg() : CDialogTest(false) {}
 
+private Q_SLOTS:
     void captionAndPromptFromTextOrId_data();
     void captionAndPromptFromTextOrId();
     void okResult_data();
@@ -20,21 +20,7 @@ private Q_SLOTS:
     void cancelKeepsInitialValue();
     void help();
 
-private:
-    std::unique_ptr<CScriptedPlatform> m_platform;
 };
-
-void tst_TextEntryDlg::init()
-{
-    m_platform = std::make_unique<CScriptedPlatform>();
-}
-
-void tst_TextEntryDlg::cleanup()
-{
-    QCOMPARE(m_platform->unusedAnswers(), 0);
-    m_platform.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
-}
 
 void tst_TextEntryDlg::captionAndPromptFromTextOrId_data()
 {
@@ -88,7 +74,7 @@ void tst_TextEntryDlg::okResult()
     const int got = Harness::driveModal([&] { return dialog.exec(); }, [&](QDialog* d) {
         if (!typed.isNull())
             Harness::typeInto(Harness::control<QPlainTextEdit>(d, "edtText"), typed);
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(got, result);
     QCOMPARE(dialog.value(), value);

@@ -11,12 +11,9 @@
 
 #include <velbrook/MailToolkit.h>
 
-class tst_AccessLayer : public QObject {
+class tst_AccessLayer : public CDialogTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void readStringRetriesOnceWithReportedSizePlusTen();
     void readStringFailures_data();
     void readStringFailures();
@@ -36,24 +33,7 @@ private Q_SLOTS:
     void wrapsAtSixty();
     void stringTableHasNoDuplicates();
 
-private:
-    std::unique_ptr<CTestStore> m_store;
-    std::unique_ptr<CScriptedPlatform> m_platform;
 };
-
-void tst_AccessLayer::init()
-{
-    m_store = std::make_unique<CTestStore>();
-    m_platform = std::make_unique<CScriptedPlatform>();
-    QVERIFY(m_store->isOpen());
-}
-
-void tst_AccessLayer::cleanup()
-{
-    m_platform.reset();
-    m_store.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
-}
 
 void tst_AccessLayer::readStringRetriesOnceWithReportedSizePlusTen()
 {

@@ -35,6 +35,7 @@ private Q_SLOTS:
         m_store.reset();
         qunsetenv("TAVI_SCREENSHOT");
         qunsetenv("TAVI_AUTOCLOSE");
+        QCOMPARE(CTestStore::openHandles(), 0);
         QCOMPARE(Harness::leftoverTopLevels(), QStringList());
     }
 

@@ -1,14 +1,20 @@
 // Opens and closes every exported entry point of the plain form int Name(TaviOwner, _tMailServer*)
-// declared in the public header, on a seeded store: each must come up, cancel with 2 and write nothing.
+// declared in the public header, on a seeded store: each must come up, cancel with 2 and write nothing,
+// and F1 must ask for its own help topic.
 #include "DialogHarness.h"
 
 #include <QFile>
+#include <QMap>
 #include <QRegularExpression>
 
 class tst_Smoke : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(Harness::leftoverTopLevels(), QStringList()); }
+    void cleanup()
+    {
+        QCOMPARE(CTestStore::openHandles(), 0);
+        QCOMPARE(Harness::leftoverTopLevels(), QStringList());
+    }
     void openAndCancel_data();
     void openAndCancel();
 };
@@ -31,13 +37,22 @@ void tst_Smoke::openAndCancel_data()
 void tst_Smoke::openAndCancel()
 {
     QFETCH(QString, entry);
+    // Help topics of the dialogs whose topic is fixed; the others must at least ask for one.
+    static const QMap<QString, unsigned> kHelp{{QStringLiteral("EditDirectories"), 133077u},
+                                               {QStringLiteral("EditFileLogConfig"), 133119u},
+                                               {QStringLiteral("EditAgents"), 133128u}};
     CTestStore store;
     CScriptedPlatform platform;
     QString title;
     const int result = Harness::runEntry(entry.toLatin1().constData(), 0, store, [&](QDialog* d) {
         title = d->windowTitle();
+        Harness::pressKey(d, Qt::Key_F1);
         Harness::pressKey(d, Qt::Key_Escape);
     });
+    const auto help = platform.callsOf(QStringLiteral("help"));
+    QCOMPARE(help.size(), 1);
+    if (kHelp.contains(entry))
+        QCOMPARE(help[0].style, kHelp.value(entry));
     QCOMPARE(result, 2);
     QVERIFY(!title.isEmpty());
     QVERIFY2(!title.contains(QLatin1String("%1")), qPrintable(title));

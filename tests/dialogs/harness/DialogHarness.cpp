@@ -197,6 +197,15 @@ std::unique_ptr<CProgressReporter> CScriptedPlatform::beginProgress(QWidget*, co
 
 // ---- temporary store ------------------------------------------------------------------------------
 
+namespace {
+int g_openHandles = 0;
+}
+
+int CTestStore::openHandles()
+{
+    return g_openHandles;
+}
+
 CTestStore::CTestStore(bool seed)
 {
     m_path = m_dir.filePath(QStringLiteral("config.db"));
@@ -205,6 +214,7 @@ CTestStore::CTestStore(bool seed)
         QTest::qFail("could not open a temporary store", __FILE__, __LINE__);
         return;
     }
+    ++g_openHandles;
 #ifdef TAVI_HAVE_DEMO_CONFIGURATION
     if (seed && !VbSeedDemoConfiguration(m_server))
         QTest::qFail("could not seed the temporary store", __FILE__, __LINE__);
@@ -217,17 +227,23 @@ CTestStore::CTestStore(bool seed)
 
 CTestStore::~CTestStore()
 {
-    if (m_server)
+    if (m_server) {
         CloseMailServer(m_server);
+        --g_openHandles;
+    }
 }
 
 void CTestStore::reopen()
 {
-    if (m_server)
+    if (m_server) {
         CloseMailServer(m_server);
+        --g_openHandles;
+    }
     m_server = OpenMailServer(m_path.toUtf8().constData());
-    if (m_server)
+    if (m_server) {
+        ++g_openHandles;
         VbClearFaults(m_server);
+    }
 }
 
 QString CTestStore::string(const char* section, const char* name) const
@@ -377,4 +393,45 @@ QStringList leftoverTopLevels()
     return out;
 }
 
+void clickButton(QWidget* root, const char* name)
+{
+    click(control<QAbstractButton>(root, name));
+}
+
+bool makeClustered(_tMailServer* server)
+{
+    _tConfigConnectorInfo info = {};
+    info.cbSize = sizeof info;
+    info.connectorType = 1;
+    info.clustered = 1;
+    return VbOverrideConnectorInfo(server, &info);
+}
+
 } // namespace Harness
+
+// ---- the common fixture ---------------------------------------------------------------------------
+
+void CDialogTest::init()
+{
+    m_platform = std::make_unique<CScriptedPlatform>();
+    m_dir = std::make_unique<QTemporaryDir>();
+    if (!m_withStore)
+        return;
+    m_store = std::make_unique<CTestStore>();
+    QVERIFY(m_store->isOpen());
+    seed();
+    m_store->reopen(); // fresh call counters
+}
+
+void CDialogTest::cleanup()
+{
+    const int unused = m_platform ? m_platform->unusedAnswers() : 0;
+    const int waitDepth = m_platform ? m_platform->waitCursorDepth() : 0;
+    m_platform.reset();
+    m_store.reset();
+    m_dir.reset();
+    QCOMPARE(unused, 0);
+    QCOMPARE(waitDepth, 0);
+    QCOMPARE(CTestStore::openHandles(), 0);
+    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
+}

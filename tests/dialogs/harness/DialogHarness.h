@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include <velbrook/ServerStore.h>
@@ -112,6 +113,8 @@ public:
     bool setString(const char* section, const char* name, const QString& value);
     bool setNumber(const char* section, const char* name, quint32 value);
     uint32_t calls(const char* operation) const { return VbCallCount(m_server, operation); }
+    // Store handles opened through this class and not yet closed, in the whole program.
+    static int openHandles();
 
 private:
     QTemporaryDir m_dir;
@@ -156,4 +159,34 @@ int runEntry(const char* name, TaviOwner owner, _tMailServer* server, const std:
 // Top-level widgets still alive (a test's cleanup() expects none).
 QStringList leftoverTopLevels();
 
+// Clicks the push button with that objectName under root (fails the test when there is none).
+void clickButton(QWidget* root, const char* name);
+
+// Makes IsClusteredConfiguration true for this store: a database connector shared by a cluster.
+bool makeClustered(_tMailServer* server);
+
 } // namespace Harness
+
+// Base of every dialog test class: a fresh seeded store (unless withStore is false), the scripted
+// services and a temporary directory per test function. cleanup() fails the test when a scripted answer
+// was never asked for, the wait cursor was left on, a store handle is still open or a top-level widget
+// survived. Subclasses put their own store contents in seed(); the call counters start after it.
+class CDialogTest : public QObject {
+    Q_OBJECT
+public:
+    explicit CDialogTest(bool withStore = true) : m_withStore(withStore) {}
+
+protected:
+    virtual void seed() {}
+
+    std::unique_ptr<CTestStore> m_store;
+    std::unique_ptr<CScriptedPlatform> m_platform;
+    std::unique_ptr<QTemporaryDir> m_dir;
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+private:
+    bool m_withStore;
+};

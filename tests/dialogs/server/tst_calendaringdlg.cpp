@@ -5,62 +5,47 @@
 #include "server/CalendaringDlg.h"
 
 #include <QCheckBox>
-#include <QPushButton>
 #include <QRadioButton>
 
-class tst_CalendaringDlg : public QObject {
+class tst_CalendaringDlg : public CDialogTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void scopeShownAndRewritten_data();
     void scopeShownAndRewritten();
-    void onlyTheSwitchWritten();
     void failedReadStopsInitialisation_data();
     void failedReadStopsInitialisation();
     void failedWritesAreSilent();
 
 private:
-    std::unique_ptr<CTestStore> m_store;
-    std::unique_ptr<CScriptedPlatform> m_platform;
+    void seed() override;
 };
 
-void tst_CalendaringDlg::init()
+void tst_CalendaringDlg::seed()
 {
-    m_store = std::make_unique<CTestStore>();
-    m_platform = std::make_unique<CScriptedPlatform>();
-    QVERIFY(m_store->isOpen());
     QVERIFY(m_store->setString("Machine", "MachineName", QStringLiteral("cal.brennoway.example")));
     QVERIFY(m_store->setNumber("CalendarMgr", "CalendarOn", 1));
     QVERIFY(m_store->setNumber("CalendarMgr", "CalendarRemit", 2));
-    m_store->reopen();
-}
-
-void tst_CalendaringDlg::cleanup()
-{
-    QCOMPARE(m_platform->unusedAnswers(), 0);
-    m_platform.reset();
-    m_store.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
 }
 
 void tst_CalendaringDlg::scopeShownAndRewritten_data()
 {
     QTest::addColumn<quint32>("stored");
+    QTest::addColumn<bool>("clearSwitch");
     QTest::addColumn<bool>("allSelected");
     QTest::addColumn<quint32>("afterOk");
     QTest::addColumn<int>("writes");
-    QTest::addRow("0 all") << 0u << true << 0u << 0;
+    QTest::addRow("0 all") << 0u << false << true << 0u << 0;
     // Read as "all mailboxes", which OK writes back as 0.
-    QTest::addRow("1 becomes 0") << 1u << true << 0u << 1;
-    QTest::addRow("2 configured") << 2u << false << 2u << 0;
-    QTest::addRow("7 becomes 0") << 7u << true << 0u << 1;
+    QTest::addRow("1 becomes 0") << 1u << false << true << 0u << 1;
+    QTest::addRow("2 configured") << 2u << false << false << 2u << 0;
+    QTest::addRow("7 becomes 0") << 7u << false << true << 0u << 1;
+    QTest::addRow("only the switch written") << 2u << true << false << 2u << 1;
 }
 
 void tst_CalendaringDlg::scopeShownAndRewritten()
 {
     QFETCH(quint32, stored);
+    QFETCH(bool, clearSwitch);
     QFETCH(bool, allSelected);
     QFETCH(quint32, afterOk);
     QFETCH(int, writes);
@@ -73,7 +58,9 @@ void tst_CalendaringDlg::scopeShownAndRewritten()
         all = Harness::control<QRadioButton>(d, "radAllMailboxes")->isChecked();
         configured = Harness::control<QRadioButton>(d, "radConfigured")->isChecked();
         on = Harness::control<QCheckBox>(d, "chkCalendarOn")->isChecked();
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        if (clearSwitch)
+            Harness::clickButton(d, "chkCalendarOn");
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(title, QStringLiteral("Calendaring on cal.brennoway.example"));
     QCOMPARE(all, allSelected);
@@ -82,21 +69,10 @@ void tst_CalendaringDlg::scopeShownAndRewritten()
     QCOMPARE(result, 1); // OK always closes with OK
     QCOMPARE(int(m_store->calls("SetMailServerProperty")), writes);
     QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(afterOk));
-    QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(1));
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(clearSwitch ? 0 : 1));
 }
 
-void tst_CalendaringDlg::onlyTheSwitchWritten()
-{
-    const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
-        Harness::click(Harness::control<QCheckBox>(d, "chkCalendarOn"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
-    });
-    QCOMPARE(result, 1);
-    QCOMPARE(m_store->calls("SetMailServerProperty"), 1u);
-    QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(0));
-    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(2));
-}
-
+// A failed read must stop filling the controls there, leaving both scope buttons clear.
 void tst_CalendaringDlg::failedReadStopsInitialisation_data()
 {
     QTest::addColumn<QString>("unreadable");
@@ -116,7 +92,7 @@ void tst_CalendaringDlg::failedReadStopsInitialisation()
         anySelected = Harness::control<QRadioButton>(d, "radAllMailboxes")->isChecked()
             || Harness::control<QRadioButton>(d, "radConfigured")->isChecked();
         on = Harness::control<QCheckBox>(d, "chkCalendarOn")->isChecked();
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(title, QStringLiteral("Calendaring on cal.brennoway.example")); // the caption came first
     QVERIFY(!anySelected);
@@ -130,13 +106,14 @@ void tst_CalendaringDlg::failedReadStopsInitialisation()
     QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(1));
 }
 
+// A failed write of the switch must neither show a box nor stop the scope from being written.
 void tst_CalendaringDlg::failedWritesAreSilent()
 {
     QVERIFY(VbInjectFault(*m_store, "SetMailServerProperty", "CalendarMgr", "CalendarOn", VB_ERROR_ACCESS_DENIED, 0));
     const int result = Harness::runEntry("EditCalendaring", 0, *m_store, [&](QDialog* d) {
-        Harness::click(Harness::control<QCheckBox>(d, "chkCalendarOn"));
-        Harness::click(Harness::control<QRadioButton>(d, "radAllMailboxes"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "chkCalendarOn");
+        Harness::clickButton(d, "radAllMailboxes");
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
     QVERIFY(m_platform->messages().isEmpty());

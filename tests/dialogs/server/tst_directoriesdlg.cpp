@@ -8,15 +8,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-class tst_DirectoriesDlg : public QObject {
+class tst_DirectoriesDlg : public CDialogTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void showsStoredValuesAndServerName();
-    void unchangedOkIsCancel_data();
-    void unchangedOkIsCancel();
     void changesAreWritten_data();
     void changesAreWritten();
     void cancelWritesNothing();
@@ -27,33 +22,19 @@ private Q_SLOTS:
     void browsePutsChosenFolderIntoEdit_data();
     void browsePutsChosenFolderIntoEdit();
     void failedWritesAreSilent();
-    void helpAndDefaultsWhenUnreadable();
+    void defaultsWhenUnreadable();
 
 private:
-    std::unique_ptr<CTestStore> m_store;
-    std::unique_ptr<CScriptedPlatform> m_platform;
+    void seed() override;
 };
 
-void tst_DirectoriesDlg::init()
+void tst_DirectoriesDlg::seed()
 {
-    m_store = std::make_unique<CTestStore>();
-    m_platform = std::make_unique<CScriptedPlatform>();
-    QVERIFY(m_store->isOpen());
     QVERIFY(m_store->setString(nullptr, "MailSpoolDir", QStringLiteral("D:\\Velbrook\\Spool")));
     QVERIFY(m_store->setNumber(nullptr, "UndeliverableDsnAction", 0));
-    VbClearFaults(*m_store);
-    m_store->reopen(); // fresh call counters
 }
 
-void tst_DirectoriesDlg::cleanup()
-{
-    QCOMPARE(m_platform->unusedAnswers(), 0);
-    QCOMPARE(m_platform->waitCursorDepth(), 0);
-    m_platform.reset();
-    m_store.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
-}
-
+// Catches a caption left with its insert, stored values not shown, or the wait cursor left on.
 void tst_DirectoriesDlg::showsStoredValuesAndServerName()
 {
     QString title, spool;
@@ -63,7 +44,7 @@ void tst_DirectoriesDlg::showsStoredValuesAndServerName()
         spool = Harness::control<QLineEdit>(d, "edtMailSpoolDir")->text();
         keepDead = Harness::control<QCheckBox>(d, "chkKeepDead")->isChecked();
         browseVisible = Harness::control<QPushButton>(d, "btnBrowse")->isVisible();
-        Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+        Harness::clickButton(d, "btnCancel");
     });
     QCOMPARE(result, 2);
     QVERIFY2(title.startsWith(QLatin1String("Mail directory locations on ")) && !title.contains(QLatin1String("%1")),
@@ -75,34 +56,6 @@ void tst_DirectoriesDlg::showsStoredValuesAndServerName()
     QCOMPARE(m_platform->callsOf(QStringLiteral("waitCursor")).size(), 2);
 }
 
-void tst_DirectoriesDlg::unchangedOkIsCancel_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<quint32>("storedAction");
-    QTest::addRow("untouched") << QString() << 0u;
-    // Case-only edits count as no change: the spool path compares without regard to case.
-    QTest::addRow("case only") << QStringLiteral("d:\\VELBROOK\\spool") << 0u;
-    // Any non-zero action shows a cleared box; leaving it cleared is no change.
-    QTest::addRow("action 7 left cleared") << QString() << 7u;
-}
-
-void tst_DirectoriesDlg::unchangedOkIsCancel()
-{
-    QFETCH(QString, typed);
-    QFETCH(quint32, storedAction);
-    QVERIFY(m_store->setNumber(nullptr, "UndeliverableDsnAction", storedAction));
-    m_store->reopen();
-    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
-        if (!typed.isEmpty())
-            Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), typed);
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
-    });
-    QCOMPARE(result, 2);
-    QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
-    QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), QStringLiteral("D:\\Velbrook\\Spool"));
-    QCOMPARE(m_store->number(nullptr, "UndeliverableDsnAction"), std::optional<quint32>(storedAction));
-}
-
 void tst_DirectoriesDlg::changesAreWritten_data()
 {
     QTest::addColumn<quint32>("storedAction");
@@ -111,16 +64,23 @@ void tst_DirectoriesDlg::changesAreWritten_data()
     QTest::addColumn<QString>("expectedSpool");
     QTest::addColumn<quint32>("expectedAction");
     QTest::addColumn<int>("expectedWrites");
+    QTest::addColumn<int>("expectedResult");
+    // An unchanged OK closes as Cancel. The spool path compares without regard to case, and any non-zero
+    // action shows a cleared box, so leaving it cleared is no change.
+    QTest::addRow("untouched") << 0u << QString() << false << QStringLiteral("D:\\Velbrook\\Spool") << 0u << 0 << 2;
+    QTest::addRow("case only") << 0u << QStringLiteral("d:\\VELBROOK\\spool") << false
+                               << QStringLiteral("D:\\Velbrook\\Spool") << 0u << 0 << 2;
+    QTest::addRow("action 7 left cleared") << 7u << QString() << false << QStringLiteral("D:\\Velbrook\\Spool") << 7u << 0 << 2;
     QTest::addRow("new path only") << 0u << QStringLiteral("E:\\Mail\\Spool") << false
-                                   << QStringLiteral("E:\\Mail\\Spool") << 0u << 1;
+                                   << QStringLiteral("E:\\Mail\\Spool") << 0u << 1 << 1;
     QTest::addRow("clear the box writes 1") << 0u << QString() << true
-                                            << QStringLiteral("D:\\Velbrook\\Spool") << 1u << 1;
+                                            << QStringLiteral("D:\\Velbrook\\Spool") << 1u << 1 << 1;
     QTest::addRow("check the box over action 5 writes 0") << 5u << QString() << true
-                                                          << QStringLiteral("D:\\Velbrook\\Spool") << 0u << 1;
+                                                          << QStringLiteral("D:\\Velbrook\\Spool") << 0u << 1 << 1;
     QTest::addRow("both") << 1u << QStringLiteral("\\\\filer\\spool") << true
-                          << QStringLiteral("\\\\filer\\spool") << 0u << 2;
+                          << QStringLiteral("\\\\filer\\spool") << 0u << 2 << 1;
     QTest::addRow("non-ASCII path") << 0u << QStringLiteral("/srv/pošta/spool") << false
-                                    << QStringLiteral("/srv/pošta/spool") << 0u << 1;
+                                    << QStringLiteral("/srv/pošta/spool") << 0u << 1 << 1;
 }
 
 void tst_DirectoriesDlg::changesAreWritten()
@@ -131,16 +91,17 @@ void tst_DirectoriesDlg::changesAreWritten()
     QFETCH(QString, expectedSpool);
     QFETCH(quint32, expectedAction);
     QFETCH(int, expectedWrites);
+    QFETCH(int, expectedResult);
     QVERIFY(m_store->setNumber(nullptr, "UndeliverableDsnAction", storedAction));
     m_store->reopen();
     const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
         if (!typed.isEmpty())
             Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), typed);
         if (toggle)
-            Harness::click(Harness::control<QCheckBox>(d, "chkKeepDead"));
+            Harness::clickButton(d, "chkKeepDead");
         Harness::pressEnter(Harness::control<QLineEdit>(d, "edtMailSpoolDir"));
     });
-    QCOMPARE(result, 1);
+    QCOMPARE(result, expectedResult);
     QCOMPARE(int(m_store->calls("SetMailServerProperty")), expectedWrites);
     QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), expectedSpool);
     QCOMPARE(m_store->number(nullptr, "UndeliverableDsnAction"), std::optional<quint32>(expectedAction));
@@ -151,7 +112,7 @@ void tst_DirectoriesDlg::cancelWritesNothing()
 {
     const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
         Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), QStringLiteral("E:\\Other"));
-        Harness::click(Harness::control<QCheckBox>(d, "chkKeepDead"));
+        Harness::clickButton(d, "chkKeepDead");
         Harness::pressKey(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), Qt::Key_Escape);
     });
     QCOMPARE(result, 2);
@@ -176,13 +137,13 @@ void tst_DirectoriesDlg::networkDriveRefusedForLocalServer()
     const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
         auto* edit = Harness::control<QLineEdit>(d, "edtMailSpoolDir");
         Harness::typeInto(edit, typed);
-        Harness::click(Harness::control<QCheckBox>(d, "chkKeepDead"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "chkKeepDead");
+        Harness::clickButton(d, "btnOK");
         stayedOpen = d->isVisible();
         focusAfter = d->focusWidget() ? d->focusWidget()->objectName() : QString();
         // The person corrects the path and tries again: a UNC path is never checked.
         Harness::typeInto(edit, QStringLiteral("\\\\filer\\spool"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QVERIFY(stayedOpen);
     QCOMPARE(focusAfter, QStringLiteral("edtMailSpoolDir"));
@@ -209,7 +170,7 @@ void tst_DirectoriesDlg::remoteServerSkipsDriveCheckAndHidesBrowse()
         browseVisible = Harness::control<QPushButton>(d, "btnBrowse")->isVisible();
         title = d->windowTitle();
         Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), QStringLiteral("Z:\\spool"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
     QVERIFY(!browseVisible);
@@ -241,9 +202,9 @@ void tst_DirectoriesDlg::browsePutsChosenFolderIntoEdit()
     m_platform->answerFolder(picked ? std::optional<QString>(expected) : std::nullopt);
     QString edited;
     Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
-        Harness::click(Harness::control<QPushButton>(d, "btnBrowse"));
+        Harness::clickButton(d, "btnBrowse");
         edited = Harness::control<QLineEdit>(d, "edtMailSpoolDir")->text();
-        Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+        Harness::clickButton(d, "btnCancel");
     });
     QCOMPARE(edited, expected);
     const auto picks = m_platform->callsOf(QStringLiteral("pickFolder"));
@@ -252,13 +213,14 @@ void tst_DirectoriesDlg::browsePutsChosenFolderIntoEdit()
     QCOMPARE(picks[0].caption, QStringLiteral("D:\\Velbrook\\Spool")); // opened at the current path
 }
 
+// A refused write must show no box and still close with OK.
 void tst_DirectoriesDlg::failedWritesAreSilent()
 {
     QVERIFY(VbInjectFault(*m_store, "SetMailServerProperty", nullptr, nullptr, VB_ERROR_ACCESS_DENIED, 0));
     const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
         Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailSpoolDir"), QStringLiteral("E:\\x"));
-        Harness::click(Harness::control<QCheckBox>(d, "chkKeepDead"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "chkKeepDead");
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
     QVERIFY(m_platform->messages().isEmpty());
@@ -266,7 +228,8 @@ void tst_DirectoriesDlg::failedWritesAreSilent()
     QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), QStringLiteral("D:\\Velbrook\\Spool"));
 }
 
-void tst_DirectoriesDlg::helpAndDefaultsWhenUnreadable()
+// Unreadable values must show an empty path and a checked box, not stale or random contents.
+void tst_DirectoriesDlg::defaultsWhenUnreadable()
 {
     QVERIFY(VbInjectFault(*m_store, "GetMailServerProperty", nullptr, nullptr, VB_ERROR_BUSY, 0));
     CDirectoriesDlg dialog(nullptr, *m_store);
@@ -275,12 +238,6 @@ void tst_DirectoriesDlg::helpAndDefaultsWhenUnreadable()
     QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("edtMailSpoolDir"))->text(), QString());
     QVERIFY(dialog.findChild<QCheckBox*>(QStringLiteral("chkKeepDead"))->isChecked());
     QCOMPARE(dialog.registryFormatVersion(), 0u);
-    QTest::keyClick(&dialog, Qt::Key_F1);
-    Harness::click(dialog.findChild<QPushButton*>(QStringLiteral("btnHelp")));
-    const auto help = m_platform->callsOf(QStringLiteral("help"));
-    QCOMPARE(help.size(), 2);
-    QCOMPARE(help[0].style, 133077u);
-    QCOMPARE(help[1].style, 133077u);
     dialog.reject();
     QCOMPARE(dialog.result(), 2);
 }

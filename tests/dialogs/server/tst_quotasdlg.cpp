@@ -9,12 +9,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-class tst_QuotasDlg : public QObject {
+class tst_QuotasDlg : public CDialogTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void showsStoredValues();
     void usageSummary_data();
     void usageSummary();
@@ -28,15 +25,11 @@ private Q_SLOTS:
     void failedWritesAreSilent();
 
 private:
-    std::unique_ptr<CTestStore> m_store;
-    std::unique_ptr<CScriptedPlatform> m_platform;
+    void seed() override;
 };
 
-void tst_QuotasDlg::init()
+void tst_QuotasDlg::seed()
 {
-    m_store = std::make_unique<CTestStore>();
-    m_platform = std::make_unique<CScriptedPlatform>();
-    QVERIFY(m_store->isOpen());
     QVERIFY(m_store->setNumber(nullptr, "QuotaCopyPostmaster", 1));
     QVERIFY(m_store->setNumber(nullptr, "QuotasEnabled", 1));
     QVERIFY(m_store->setNumber(nullptr, "QuotaFailPermanent", 0));
@@ -46,15 +39,6 @@ void tst_QuotasDlg::init()
     QVERIFY(m_store->setNumber(nullptr, "QuotaSiteNoMsgs", 18342));
     QVERIFY(m_store->setNumber(nullptr, "QuotaSiteTotSize", 2316544));
     QVERIFY(m_store->setNumber(nullptr, "QuotaSiteLastChecked", 0));
-    m_store->reopen(); // fresh call counters
-}
-
-void tst_QuotasDlg::cleanup()
-{
-    QCOMPARE(m_platform->unusedAnswers(), 0);
-    m_platform.reset();
-    m_store.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
 }
 
 void tst_QuotasDlg::showsStoredValues()
@@ -69,7 +53,7 @@ void tst_QuotasDlg::showsStoredValues()
         gap = Harness::control<QLineEdit>(d, "edtQuotaMinWarningMsgGap")->text();
         limit = Harness::control<QLineEdit>(d, "edtQuotaDomainDefaultLimit")->text();
         trigger = Harness::control<QLineEdit>(d, "edtQuotaDomainDefaultTrigger")->text();
-        Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+        Harness::clickButton(d, "btnCancel");
     });
     QCOMPARE(result, 2);
     QVERIFY2(title.startsWith(QLatin1String("Quotas on ")) && !title.contains(QLatin1Char('%')), qPrintable(title));
@@ -129,7 +113,7 @@ void tst_QuotasDlg::unchangedOkWritesNothingButClosesOk()
     m_store->reopen();
     const int result = Harness::runEntry("EditQuotas", 0, *m_store, [&](QDialog* d) {
         QVERIFY(Harness::control<QCheckBox>(d, "chkQuotaFailPermanent")->isChecked());
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
     QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
@@ -152,12 +136,12 @@ void tst_QuotasDlg::controlsFollowQuotaSupport()
                 enabledAtFirst << QLatin1String(name);
         }
         supportEnabled = Harness::control<QCheckBox>(d, "chkQuotasEnabled")->isEnabled();
-        Harness::click(Harness::control<QCheckBox>(d, "chkQuotasEnabled"));
+        Harness::clickButton(d, "chkQuotasEnabled");
         for (const char* name : dependent) {
             if (!Harness::control<QWidget>(d, name)->isEnabled())
                 disabledAfterCheck << QLatin1String(name);
         }
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(enabledAtFirst, QStringList());
     QVERIFY(supportEnabled);
@@ -187,15 +171,15 @@ void tst_QuotasDlg::intervalOutOfRangeRefused()
     QString focus;
     const int result = Harness::runEntry("EditQuotas", 0, *m_store, [&](QDialog* d) {
         // Other changes are pending too: none of them may be written while the interval is refused.
-        Harness::click(Harness::control<QCheckBox>(d, "chkQuotaCopyPostmaster"));
+        Harness::clickButton(d, "chkQuotaCopyPostmaster");
         Harness::typeInto(Harness::control<QLineEdit>(d, "edtQuotaDomainDefaultLimit"), QStringLiteral("100"));
         Harness::typeInto(Harness::control<QLineEdit>(d, "edtQuotaMinWarningMsgGap"), typed);
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
         stayedOpen = d->isVisible();
         focus = d->focusWidget() ? d->focusWidget()->objectName() : QString();
         if (stayedOpen) {
             QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
-            Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+            Harness::clickButton(d, "btnCancel");
         }
     });
     QCOMPARE(stayedOpen, !accepted);
@@ -257,9 +241,9 @@ void tst_QuotasDlg::failedWritesAreSilent()
 {
     QVERIFY(VbInjectFault(*m_store, "SetMailServerProperty", nullptr, "QuotaCopyPostmaster", VB_ERROR_ACCESS_DENIED, 0));
     const int result = Harness::runEntry("EditQuotas", 0, *m_store, [&](QDialog* d) {
-        Harness::click(Harness::control<QCheckBox>(d, "chkQuotaCopyPostmaster"));
+        Harness::clickButton(d, "chkQuotaCopyPostmaster");
         Harness::typeInto(Harness::control<QLineEdit>(d, "edtQuotaDomainDefaultTrigger"), QStringLiteral("400000"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
     QVERIFY(m_platform->messages().isEmpty());

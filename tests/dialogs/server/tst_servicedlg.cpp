@@ -27,12 +27,9 @@ Shown shownOf(QDialog* d)
 }
 } // namespace
 
-class tst_ServiceDlg : public QObject {
+class tst_ServiceDlg : public CDialogTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void stateShown_data();
     void stateShown();
     void unreadableStateIsUnknown();
@@ -46,25 +43,7 @@ private Q_SLOTS:
 private:
     int run(const char* service, const char* caption, const std::function<void(QDialog*)>& driver);
 
-    std::unique_ptr<CTestStore> m_store;
-    std::unique_ptr<CScriptedPlatform> m_platform;
 };
-
-void tst_ServiceDlg::init()
-{
-    m_store = std::make_unique<CTestStore>();
-    m_platform = std::make_unique<CScriptedPlatform>();
-    QVERIFY(m_store->isOpen());
-}
-
-void tst_ServiceDlg::cleanup()
-{
-    QCOMPARE(m_platform->unusedAnswers(), 0);
-    QCOMPARE(m_platform->waitCursorDepth(), 0);
-    m_platform.reset();
-    m_store.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
-}
 
 int tst_ServiceDlg::run(const char* service, const char* caption, const std::function<void(QDialog*)>& driver)
 {
@@ -156,7 +135,7 @@ void tst_ServiceDlg::startOrStopSettled()
     run("WebMail", "Web Mail Server service", [&](QDialog* d) {
         Harness::click(d->findChild<QPushButton*>(button));
         after = shownOf(d);
-        Harness::click(Harness::control<QPushButton>(d, "btnClose"));
+        Harness::clickButton(d, "btnClose");
     });
     QCOMPARE(after.status, word);
     QCOMPARE(after.startEnabled, start);
@@ -182,7 +161,7 @@ void tst_ServiceDlg::startStillPendingShowsStarting()
     Shown before, after;
     run("WebMail", "Web Mail Server service", [&](QDialog* d) {
         before = shownOf(d);
-        Harness::click(Harness::control<QPushButton>(d, "btnStart"));
+        Harness::clickButton(d, "btnStart");
         after = shownOf(d);
         d->reject();
     });
@@ -243,9 +222,9 @@ void tst_ServiceDlg::closeAndHelp()
     const int result = run("SMTPRA", "SMTP Receiver service", [&](QDialog* d) {
         for (QPushButton* b : d->findChildren<QPushButton*>())
             buttons << b->text();
-        Harness::click(Harness::control<QPushButton>(d, "btnHelp"));
+        Harness::clickButton(d, "btnHelp");
         QTest::keyClick(d, Qt::Key_F1);
-        Harness::click(Harness::control<QPushButton>(d, "btnClose"));
+        Harness::clickButton(d, "btnClose");
     });
     QCOMPARE(result, 2);
     buttons.sort();

@@ -10,12 +10,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-class tst_TrafficCountersDlg : public QObject {
+class tst_TrafficCountersDlg : public CDialogTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void enabledReadOnlyWhenAllBits_data();
     void enabledReadOnlyWhenAllBits();
     void enabledWritten_data();
@@ -26,41 +23,22 @@ private Q_SLOTS:
     void thresholdRange();
     void reportSavedWithChosenThreshold_data();
     void reportSavedWithChosenThreshold();
-    void cancelledSaveWritesNoFile();
-    void generateFailureShown();
-    void saveFailureShown();
-    void cancelledProgressIsQuiet();
+    void reportFailures_data();
+    void reportFailures();
 
 private:
     // Opens the dialog, types threshold into the named edit and presses Save Report.
     int saveReport(const char* edit, const QString& threshold);
     QStringList reportMailboxes(const QString& path) const;
 
-    std::unique_ptr<CTestStore> m_store;
-    std::unique_ptr<CScriptedPlatform> m_platform;
-    std::unique_ptr<QTemporaryDir> m_dir;
+    void seed() override;
 };
 
-void tst_TrafficCountersDlg::init()
+void tst_TrafficCountersDlg::seed()
 {
-    m_store = std::make_unique<CTestStore>();
-    m_platform = std::make_unique<CScriptedPlatform>();
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_store->isOpen());
     QVERIFY(m_store->setNumber("Statistics", "Enabled", 0xFFFFFFFFu));
     QVERIFY(m_store->setNumber("Statistics", "DomainAutoReset", 86400));
     QVERIFY(m_store->setNumber("Statistics", "MailboxAutoReset", 604800));
-    m_store->reopen();
-}
-
-void tst_TrafficCountersDlg::cleanup()
-{
-    QCOMPARE(m_platform->unusedAnswers(), 0);
-    QCOMPARE(m_platform->waitCursorDepth(), 0);
-    m_platform.reset();
-    m_store.reset();
-    m_dir.reset();
-    QCOMPARE(Harness::leftoverTopLevels(), QStringList());
 }
 
 void tst_TrafficCountersDlg::enabledReadOnlyWhenAllBits_data()
@@ -93,7 +71,7 @@ void tst_TrafficCountersDlg::enabledReadOnlyWhenAllBits()
         domainReset = Harness::control<QLineEdit>(d, "edtDomainAutoReset")->text();
         mailboxReset = Harness::control<QLineEdit>(d, "edtMailboxAutoReset")->text();
         threshold = Harness::control<QLineEdit>(d, "edtPopBytesReceived")->text();
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
     });
     QVERIFY2(title.startsWith(QLatin1String("Traffic Counters on ")) && !title.contains(QLatin1Char('%')), qPrintable(title));
     QCOMPARE(checked, on);
@@ -121,8 +99,8 @@ void tst_TrafficCountersDlg::enabledWritten()
     QVERIFY(m_store->setNumber("Statistics", "Enabled", stored));
     m_store->reopen();
     const int result = Harness::runEntry("EditTrafficCounters", 0, *m_store, [&](QDialog* d) {
-        Harness::click(Harness::control<QCheckBox>(d, "chkEnabled"));
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "chkEnabled");
+        Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
     QCOMPARE(m_store->calls("SetMailServerProperty"), 1u);
@@ -142,13 +120,14 @@ void tst_TrafficCountersDlg::saveReportFollowsTheBox()
         states << save->isEnabled();
         Harness::click(box);
         states << save->isEnabled();
-        Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+        Harness::clickButton(d, "btnCancel");
     });
     QCOMPARE(states, (QList<bool>{false, true, false}));
     QCOMPARE(result, 2);
     QCOMPARE(m_store->calls("SetMailServerProperty"), 0u); // nothing written before OK
 }
 
+// The reset intervals are written mailbox first, and a refused one neither shows a box nor stops the next.
 void tst_TrafficCountersDlg::resetsWrittenInOrderAndSilently()
 {
     QVERIFY(VbInjectFault(*m_store, "SetMailServerProperty", "Statistics", "MailboxAutoReset", VB_ERROR_ACCESS_DENIED, 0));
@@ -165,6 +144,7 @@ void tst_TrafficCountersDlg::resetsWrittenInOrderAndSilently()
     QCOMPARE(m_store->number("Statistics", "DomainAutoReset"), std::optional<quint32>(0));
 }
 
+// A threshold out of range must be refused by Save Report and by OK alike, with the focus on it.
 void tst_TrafficCountersDlg::thresholdRange_data()
 {
     QTest::addColumn<QString>("edit");
@@ -192,13 +172,13 @@ void tst_TrafficCountersDlg::thresholdRange()
         auto* target = d->findChild<QLineEdit*>(edit);
         QVERIFY(target);
         Harness::typeInto(target, typed);
-        Harness::click(Harness::control<QPushButton>(d, "btnSaveReport"));
+        Harness::clickButton(d, "btnSaveReport");
         focus = d->focusWidget() ? d->focusWidget()->objectName() : QString();
         // OK refuses the same value and keeps the dialog open.
-        Harness::click(Harness::control<QPushButton>(d, "btnOK"));
+        Harness::clickButton(d, "btnOK");
         okClosed = !d->isVisible();
         if (!okClosed)
-            Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+            Harness::clickButton(d, "btnCancel");
     });
     QCOMPARE(okClosed, accepted);
     QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
@@ -219,8 +199,8 @@ int tst_TrafficCountersDlg::saveReport(const char* edit, const QString& threshol
     return Harness::runEntry("EditTrafficCounters", 0, *m_store, [&](QDialog* d) {
         if (edit)
             Harness::typeInto(Harness::control<QLineEdit>(d, edit), threshold);
-        Harness::click(Harness::control<QPushButton>(d, "btnSaveReport"));
-        Harness::click(Harness::control<QPushButton>(d, "btnCancel"));
+        Harness::clickButton(d, "btnSaveReport");
+        Harness::clickButton(d, "btnCancel");
     });
 }
 
@@ -287,44 +267,43 @@ void tst_TrafficCountersDlg::reportSavedWithChosenThreshold()
     QCOMPARE(m_platform->callsOf(QStringLiteral("progress")).size(), 2);
 }
 
-void tst_TrafficCountersDlg::cancelledSaveWritesNoFile()
+// Each way Save Report can end without a report: the box it shows (if any), and no file left behind.
+void tst_TrafficCountersDlg::reportFailures_data()
 {
-    m_platform->answerFileDialog(std::nullopt);
-    QCOMPARE(saveReport(nullptr, QString()), 2);
-    QVERIFY(m_platform->messages().isEmpty());
-    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden), QStringList());
-    QCOMPARE(m_platform->callsOf(QStringLiteral("fileDialog")).size(), 1);
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<QString>("message"); // empty: no box; %1 stands for the chosen path
+    QTest::addRow("save cancelled") << "cancel" << QString();
+    QTest::addRow("progress cancelled") << "progress" << QString();
+    QTest::addRow("generate fails") << "generate"
+                                    << QStringLiteral("Failed to generate the report.   The error code returned was 170.");
+    QTest::addRow("save fails") << "save"
+                                << QStringLiteral("Failed to save the report as \"%1\".  The error code returned was 3.");
 }
 
-void tst_TrafficCountersDlg::generateFailureShown()
+void tst_TrafficCountersDlg::reportFailures()
 {
-    QVERIFY(VbInjectFault(*m_store, "CTrafficReport::Generate", nullptr, nullptr, VB_ERROR_BUSY, 0));
+    QFETCH(QString, how);
+    QFETCH(QString, message);
+    QString path = m_dir->filePath(QStringLiteral("report.csv"));
+    if (how == QLatin1String("cancel"))
+        m_platform->answerFileDialog(std::nullopt);
+    else if (how == QLatin1String("generate"))
+        QVERIFY(VbInjectFault(*m_store, "CTrafficReport::Generate", nullptr, nullptr, VB_ERROR_BUSY, 0));
+    else if (how == QLatin1String("save"))
+        m_platform->answerFileDialog(path = m_dir->filePath(QStringLiteral("no such folder/report \"1\".csv")));
+    else
+        m_platform->answerFileDialog(path);
+    if (how == QLatin1String("progress"))
+        m_platform->setProgressAnswer([](qint64, qint64) { return false; });
     QCOMPARE(saveReport(nullptr, QString()), 2);
     const auto boxes = m_platform->callsOf(QStringLiteral("messageBox"));
-    QCOMPARE(boxes.size(), 1);
-    QCOMPARE(boxes[0].text, QStringLiteral("Failed to generate the report.   The error code returned was 170."));
-    QCOMPARE(boxes[0].caption, QStringLiteral("Mailbox Report Save Failed"));
-    QVERIFY(m_platform->callsOf(QStringLiteral("fileDialog")).isEmpty());
-}
-
-void tst_TrafficCountersDlg::saveFailureShown()
-{
-    const QString path = m_dir->filePath(QStringLiteral("no such folder/report \"1\".csv"));
-    m_platform->answerFileDialog(path);
-    QCOMPARE(saveReport(nullptr, QString()), 2);
-    const auto boxes = m_platform->callsOf(QStringLiteral("messageBox"));
-    QCOMPARE(boxes.size(), 1);
-    QCOMPARE(boxes[0].text, QStringLiteral("Failed to save the report as \"%1\".  The error code returned was 3.").arg(path));
-    QCOMPARE(boxes[0].caption, QStringLiteral("Mailbox Report Save Failed"));
-}
-
-void tst_TrafficCountersDlg::cancelledProgressIsQuiet()
-{
-    const QString path = m_dir->filePath(QStringLiteral("report.csv"));
-    m_platform->answerFileDialog(path);
-    m_platform->setProgressAnswer([](qint64, qint64) { return false; });
-    QCOMPARE(saveReport(nullptr, QString()), 2);
-    QVERIFY(m_platform->messages().isEmpty());
+    QCOMPARE(boxes.size(), message.isEmpty() ? 0 : 1);
+    if (!message.isEmpty()) {
+        QCOMPARE(boxes[0].text, message.contains(QLatin1String("%1")) ? message.arg(path) : message);
+        QCOMPARE(boxes[0].caption, QStringLiteral("Mailbox Report Save Failed"));
+    }
+    // A report that could not be made is never offered for saving.
+    QCOMPARE(m_platform->callsOf(QStringLiteral("fileDialog")).size(), how == QLatin1String("generate") ? 0 : 1);
     QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden), QStringList());
 }
 
