@@ -167,7 +167,10 @@ public:
     virtual uint32_t pendingRetries(std::vector<std::string>& names) = 0;
 
     // ---- traffic report: selects into a temporary table named after id, then streams it.
-    virtual uint32_t trafficSelect(uint64_t id, const TrafficQuery& query, uint64_t& rows) = 0;
+    // keepGoing (may be empty) is called now and then while the selection runs; false interrupts it
+    // with VB_ERROR_CANCELLED and nothing selected is kept.
+    virtual uint32_t trafficSelect(uint64_t id, const TrafficQuery& query, uint64_t& rows,
+                                   const std::function<bool()>& keepGoing) = 0;
     virtual uint32_t trafficRows(uint64_t id, const std::function<bool(const TrafficRow&)>& row) = 0;
     virtual void trafficDrop(uint64_t id) = 0;
     // Bulk loading of counters (tests, benchmarks and the demo configuration).

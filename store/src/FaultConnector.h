@@ -115,9 +115,9 @@ public:
     uint32_t saveAliasMapping(const std::vector<AliasEntry>& e) override { return m_inner->saveAliasMapping(e); }
     uint32_t addRetries(const std::vector<std::string>& n) override { return m_inner->addRetries(n); }
     uint32_t pendingRetries(std::vector<std::string>& n) override { return m_inner->pendingRetries(n); }
-    uint32_t trafficSelect(uint64_t id, const TrafficQuery& q, uint64_t& r) override
+    uint32_t trafficSelect(uint64_t id, const TrafficQuery& q, uint64_t& r, const std::function<bool()>& k) override
     {
-        return m_inner->trafficSelect(id, q, r);
+        return m_inner->trafficSelect(id, q, r, k);
     }
     uint32_t trafficRows(uint64_t id, const std::function<bool(const TrafficRow&)>& r) override
     {

@@ -1204,7 +1204,47 @@ uint32_t SqliteConnector::pendingRetries(std::vector<std::string>& names)
 
 // ---- traffic report ---------------------------------------------------------------------------
 
-uint32_t SqliteConnector::trafficSelect(uint64_t id, const TrafficQuery& q, uint64_t& rows)
+namespace {
+
+// Installed on the connection while the report's one long statement runs: a "no" from the caller
+// interrupts it, and the handler is removed however the statement ends.
+class ProgressScope {
+public:
+    ProgressScope(sqlite3* db, const std::function<bool()>& keepGoing) : m_db(db), m_keepGoing(keepGoing)
+    {
+        if (m_keepGoing)
+            sqlite3_progress_handler(m_db, kSteps, &ProgressScope::call, this);
+    }
+    ~ProgressScope()
+    {
+        if (m_keepGoing)
+            sqlite3_progress_handler(m_db, 0, nullptr, nullptr);
+    }
+    ProgressScope(const ProgressScope&) = delete;
+    ProgressScope& operator=(const ProgressScope&) = delete;
+    bool cancelled() const { return m_cancelled; }
+
+    // Virtual-machine steps between calls: a few hundred calls over a million mailboxes.
+    static constexpr int kSteps = 16384;
+
+private:
+    static int call(void* self)
+    {
+        auto* scope = static_cast<ProgressScope*>(self);
+        if (!scope->m_cancelled && !scope->m_keepGoing())
+            scope->m_cancelled = true;
+        return scope->m_cancelled ? 1 : 0;
+    }
+
+    sqlite3* m_db;
+    const std::function<bool()>& m_keepGoing;
+    bool m_cancelled = false;
+};
+
+} // namespace
+
+uint32_t SqliteConnector::trafficSelect(uint64_t id, const TrafficQuery& q, uint64_t& rows,
+                                        const std::function<bool()>& keepGoing)
 {
     std::lock_guard lock(m_mutex);
     trafficDrop(id);
@@ -1224,8 +1264,18 @@ uint32_t SqliteConnector::trafficSelect(uint64_t id, const TrafficQuery& q, uint
     if (any)
         for (int i = 0; i < 7; ++i)
             s.bind(3 + i, int64_t(q.thresholds[i]));
-    if (uint32_t e = stepDone(s))
-        return e;
+    int rc;
+    bool cancelled;
+    {
+        ProgressScope progress(m_db, keepGoing);
+        rc = s.step();
+        cancelled = progress.cancelled();
+    }
+    if (rc != SQLITE_DONE) {
+        s.reset();
+        trafficDrop(id); // an interrupted statement keeps nothing; make sure of it
+        return cancelled ? VB_ERROR_CANCELLED : fail(rc);
+    }
     rows = uint64_t(sqlite3_changes64(m_db));
     return 0;
 }

@@ -26,6 +26,7 @@ public:
     Stmt& bindBlob(int i, std::string_view bytes);
     Stmt& bindNull(int i);
     int step() { return sqlite3_step(m_s); }
+    void reset() { sqlite3_reset(m_s); }
     int64_t int64(int col) const { return sqlite3_column_int64(m_s, col); }
     std::string text(int col) const;
     int type(int col) const { return sqlite3_column_type(m_s, col); }
@@ -102,7 +103,8 @@ public:
     uint32_t addRetries(const std::vector<std::string>& names) override;
     uint32_t pendingRetries(std::vector<std::string>& names) override;
 
-    uint32_t trafficSelect(uint64_t id, const TrafficQuery& query, uint64_t& rows) override;
+    uint32_t trafficSelect(uint64_t id, const TrafficQuery& query, uint64_t& rows,
+                           const std::function<bool()>& keepGoing) override;
     uint32_t trafficRows(uint64_t id, const std::function<bool(const TrafficRow&)>& row) override;
     void trafficDrop(uint64_t id) override;
     uint32_t setTraffic(const ObjectRef& mailbox, const uint32_t counters[7]) override;

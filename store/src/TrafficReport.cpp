@@ -2,6 +2,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <functional>
 #include <memory>
 
 #include <unistd.h>
@@ -98,7 +99,13 @@ bool CTrafficReport::Generate(const char* name, _tTrafficStatistics thresholds)
     std::memcpy(q.thresholds, t, sizeof t);
     d->generated = false;
     d->rows = 0;
-    if (uint32_t e = d->server->connector->trafficSelect(d->id, q, d->rows)) {
+    // The selection is one statement; while it runs the caller hears "working" (0 of 0) now and then
+    // and may cancel it.
+    std::function<bool()> keepGoing;
+    if (d->progress)
+        keepGoing = [this] { return d->progress(d->context, 0, 0); };
+    if (uint32_t e = d->server->connector->trafficSelect(d->id, q, d->rows, keepGoing)) {
+        d->rows = 0;
         SetLastError(e);
         return false;
     }

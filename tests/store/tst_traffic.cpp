@@ -108,3 +108,66 @@ TEST_F(Traffic, FailuresLeaveNoHalfFile)
     EXPECT_FALSE(report.Generate("missing.example", _tTrafficStatistics{}));
     EXPECT_EQ(GetLastError(), VB_ERROR_FILE_NOT_FOUND);
 }
+
+// Generation is one long statement: it reports "working" (0 of 0) while it runs and can be cancelled.
+class TrafficGenerate : public Traffic {
+protected:
+    void SetUp() override
+    {
+        Traffic::SetUp();
+        VbCallCount(server, "CTrafficReport::Generate"); // through the fault-injecting connector
+        for (int i = 0; i < kMailboxes; ++i)
+            ASSERT_TRUE(CreateMailbox(server, ("bulk" + std::to_string(i) + "@a.example").c_str()));
+    }
+    struct Listener {
+        int calls = 0;
+        int cancelAt = 0; // 0: never
+        bool allWorking = true;
+    };
+    static bool listen(void* context, uint64_t done, uint64_t total)
+    {
+        auto* l = static_cast<Listener*>(context);
+        ++l->calls;
+        l->allWorking = l->allWorking && done == 0 && total == 0;
+        return l->calls != l->cancelAt;
+    }
+    static constexpr int kMailboxes = 3000;
+};
+
+TEST_F(TrafficGenerate, ReportsWorkingWhileItRuns)
+{
+    CTrafficReport report(server);
+    Listener l;
+    report.SetProgress(&listen, &l);
+    ASSERT_TRUE(report.Generate(nullptr, _tTrafficStatistics{}));
+    EXPECT_EQ(report.RowCount(), uint64_t(kMailboxes + 5));
+    EXPECT_GE(l.calls, 2) << "called now and then during the statement";
+    EXPECT_TRUE(l.allWorking);
+}
+
+TEST_F(TrafficGenerate, CancelKeepsNothingAndLeavesNoHandlerBehind)
+{
+    CTrafficReport report(server);
+    Listener l;
+    l.cancelAt = 2;
+    report.SetProgress(&listen, &l);
+    EXPECT_FALSE(report.Generate(nullptr, _tTrafficStatistics{}));
+    EXPECT_EQ(GetLastError(), VB_ERROR_CANCELLED);
+    EXPECT_EQ(l.calls, 2) << "not asked again once cancelled";
+    EXPECT_EQ(report.RowCount(), 0u);
+    const std::string file = dir + "/report.csv";
+    EXPECT_FALSE(report.Save(file.c_str())) << "a cancelled report is not a generated one";
+    EXPECT_FALSE(std::filesystem::exists(file));
+
+    // Were the handler still installed, its cancel would interrupt this statement too.
+    CTrafficReport other(server);
+    ASSERT_TRUE(other.Generate(nullptr, _tTrafficStatistics{})) << GetLastError();
+    EXPECT_EQ(other.RowCount(), uint64_t(kMailboxes + 5));
+    ASSERT_TRUE(other.Save(file.c_str()));
+    EXPECT_EQ(lines(file).size(), size_t(kMailboxes + 6));
+
+    // The cancelled report can be generated again once nobody cancels it.
+    report.SetProgress(nullptr, nullptr);
+    ASSERT_TRUE(report.Generate("a.example", _tTrafficStatistics{}));
+    EXPECT_EQ(report.RowCount(), uint64_t(kMailboxes + 4));
+}
