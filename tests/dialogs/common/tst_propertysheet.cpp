@@ -104,6 +104,7 @@ private Q_SLOTS:
     void dialogRangeCheck();
 };
 
+// A page is set up (init, then load) the first time it is shown and never again; leaving asks it first.
 void tst_PropertySheet::pagesInitialisedOnFirstActivationOnly()
 {
     Sheet s;
@@ -121,6 +122,7 @@ void tst_PropertySheet::pagesInitialisedOnFirstActivationOnly()
     s.sheet.reject();
 }
 
+// OK asks the active page to let go, then applies only the pages that were set up, in page order.
 void tst_PropertySheet::okAppliesOnlyPagesThatWereShown()
 {
     Sheet s;
@@ -133,6 +135,7 @@ void tst_PropertySheet::okAppliesOnlyPagesThatWereShown()
     QVERIFY(!s.sheet.isVisible());
 }
 
+// A page that refuses to be left keeps the tab, the focus and the sheet open, and nothing is applied.
 void tst_PropertySheet::refusedKillActiveKeepsPage()
 {
     Sheet s;
@@ -152,6 +155,7 @@ void tst_PropertySheet::refusedKillActiveKeepsPage()
     s.sheet.reject();
 }
 
+// Applying stops at the first page that fails, which comes to the front; the sheet stays open.
 void tst_PropertySheet::failedApplyBringsPageToFront()
 {
     Sheet s;
@@ -168,6 +172,7 @@ void tst_PropertySheet::failedApplyBringsPageToFront()
     QCOMPARE(s.sheet.result(), 2);
 }
 
+// Apply is enabled by a modified page only, applies without closing, and stays on after a failure.
 void tst_PropertySheet::applyNowFollowsModified()
 {
     Sheet s;
@@ -190,6 +195,7 @@ void tst_PropertySheet::applyNowFollowsModified()
     s.sheet.reject();
 }
 
+// After "cancel to close" OK reads Close and Cancel is off, yet Escape still cancels every shown page.
 void tst_PropertySheet::cancelToCloseAndCancel()
 {
     Sheet s;
@@ -205,6 +211,7 @@ void tst_PropertySheet::cancelToCloseAndCancel()
     QCOMPARE(s.log, (QStringList{QStringLiteral("P0:cancel"), QStringLiteral("P1:cancel")}));
 }
 
+// Help (button and F1) uses the active page's context, not the first page's.
 void tst_PropertySheet::helpUsesActivePageContext()
 {
     Sheet s;
@@ -216,11 +223,13 @@ void tst_PropertySheet::helpUsesActivePageContext()
     QTest::keyClick(&s.sheet, Qt::Key_F1);
     const auto help = m_platform->callsOf(QStringLiteral("help"));
     QCOMPARE(help.size(), 2);
-    QCOMPARE(help[0].style, 2101u + 0x20000u);
-    QCOMPARE(help[1].style, 2101u + 0x20000u);
+    for (const CRecordedCall& call : help)
+        QCOMPARE(call.style, 2101u + 0x20000u);
     s.sheet.reject();
 }
 
+// A number outside 1..365 (or no number) is refused with the range text, focus and selection on the edit,
+// and leaves the stored value alone.
 void tst_PropertySheet::dialogRangeCheck_data()
 {
     QTest::addColumn<QString>("typed");
@@ -244,17 +253,17 @@ void tst_PropertySheet::dialogRangeCheck()
     OkAsCancelDialog dialog;
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QCOMPARE(dialog.edit->text(), QStringLiteral("7"));
     dialog.edit->setText(typed);
-    dialog.findChild<QPushButton*>(QStringLiteral("btnOK"))->setFocus();
-    Harness::click(dialog.findChild<QPushButton*>(QStringLiteral("btnOK")));
+    auto* ok = Harness::control<QPushButton>(&dialog, "btnOK");
+    ok->setFocus();
+    Harness::click(ok);
     QCOMPARE(dialog.isVisible(), !accepted);
     QCOMPARE(dialog.value, value);
     if (!accepted) {
         const auto boxes = m_platform->callsOf(QStringLiteral("messageBox"));
         QCOMPARE(boxes.size(), 1);
         QCOMPARE(boxes[0].text, QStringLiteral("Enter a whole number from 1 to 365."));
-        QCOMPARE(QApplication::focusWidget(), dialog.edit);
+        QCOMPARE(Harness::focusName(), QStringLiteral("edtNumber"));
         QCOMPARE(dialog.edit->selectedText(), typed);
         dialog.reject();
         QCOMPARE(dialog.result(), 2);

@@ -84,6 +84,8 @@ void tst_Reminder::silencedReturnsOkWithoutWindow()
     QCOMPARE(m_platform->reminders().value(kKey), stored);
 }
 
+// The style's button and icon bits pick Cancel and the icon; caption 0 falls back to "Reminder"; the box
+// starts unchecked.
 void tst_Reminder::buttonsIconAndTexts_data()
 {
     QTest::addColumn<unsigned>("flags");
@@ -202,6 +204,7 @@ void tst_Reminder::withoutSettingsAlwaysShownNeverStored()
     QVERIFY(m_platform->callsOf(QStringLiteral("setReminderValue")).isEmpty());
 }
 
+// ShowReminder as a host calls it: remembered under its key, silent the next time, never for a null key.
 void tst_Reminder::hostHelperShowsAndRemembers()
 {
     using Entry = int (*)(TaviOwner, unsigned, const char*, unsigned, unsigned);

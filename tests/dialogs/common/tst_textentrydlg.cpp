@@ -5,7 +5,6 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QPushButton>
 
 class tst_TextEntryDlg : public CDialogTest {
     Q_OBJECT
@@ -44,10 +43,11 @@ void tst_TextEntryDlg::captionAndPromptFromTextOrId()
     CTextEntryDlg dialog(nullptr, caption, 57427, prompt, 57428, 0, QStringLiteral("x"));
     dialog.ensureInitialised();
     QCOMPARE(dialog.windowTitle(), expectedCaption);
-    QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("lblPrompt"))->text(), expectedPrompt);
-    QCOMPARE(dialog.findChild<QPlainTextEdit*>(QStringLiteral("edtText"))->toPlainText(), QStringLiteral("x"));
+    QCOMPARE(Harness::control<QLabel>(&dialog, "lblPrompt")->text(), expectedPrompt);
+    QCOMPARE(Harness::control<QPlainTextEdit>(&dialog, "edtText")->toPlainText(), QStringLiteral("x"));
 }
 
+// OK with the text as it came (line ends aside) answers 2, as a cancel; any real change, case too, answers 1.
 void tst_TextEntryDlg::okResult_data()
 {
     QTest::addColumn<QString>("initial");
@@ -80,6 +80,7 @@ void tst_TextEntryDlg::okResult()
     QCOMPARE(dialog.value(), value);
 }
 
+// Typed text must not leak into value() after Escape; the edit has the focus when the dialog opens.
 void tst_TextEntryDlg::cancelKeepsInitialValue()
 {
     CTextEntryDlg dialog(nullptr, QStringLiteral("Caption"), 0, QStringLiteral("Prompt"), 0, 0, QStringLiteral("old"));
@@ -94,16 +95,17 @@ void tst_TextEntryDlg::cancelKeepsInitialValue()
     QCOMPARE(dialog.value(), QStringLiteral("old"));
 }
 
+// The caller's help context, offset into the dialog range, on the button and on F1.
 void tst_TextEntryDlg::help()
 {
     CTextEntryDlg dialog(nullptr, QStringLiteral("Caption"), 0, QStringLiteral("&Prompt"), 0, 4321, QString());
     dialog.show();
-    Harness::click(dialog.findChild<QPushButton*>(QStringLiteral("btnHelp")));
+    Harness::clickButton(&dialog, "btnHelp");
     QTest::keyClick(&dialog, Qt::Key_F1);
     const auto help = m_platform->callsOf(QStringLiteral("help"));
     QCOMPARE(help.size(), 2);
-    QCOMPARE(help[0].style, 4321u + 0x20000u);
-    QCOMPARE(help[1].style, 4321u + 0x20000u);
+    for (const CRecordedCall& call : help)
+        QCOMPARE(call.style, 4321u + 0x20000u);
     dialog.reject();
 }
 

@@ -6,8 +6,7 @@
 
 #include <QImage>
 #include <QMainWindow>
-#include <QPushButton>
-#include <QTemporaryDir>
+#include <QScopeGuard>
 
 #include <stdexcept>
 
@@ -25,20 +24,9 @@ public:
 
 } // namespace
 
-class tst_EntryFrame : public QObject {
+class tst_EntryFrame : public CDialogTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { m_store = std::make_unique<CTestStore>(); m_platform = std::make_unique<CScriptedPlatform>(); }
-    void cleanup()
-    {
-        m_platform.reset();
-        m_store.reset();
-        qunsetenv("TAVI_SCREENSHOT");
-        qunsetenv("TAVI_AUTOCLOSE");
-        QCOMPARE(CTestStore::openHandles(), 0);
-        QCOMPARE(Harness::leftoverTopLevels(), QStringList());
-    }
-
     void resultOfNullOwner_data();
     void resultOfNullOwner();
     void qtHostWindowBecomesParent();
@@ -50,12 +38,9 @@ private Q_SLOTS:
     void driveTypeFromMountInfo();
     void defaultMessageBoxIcons_data();
     void defaultMessageBoxIcons();
-
-private:
-    std::unique_ptr<CTestStore> m_store;
-    std::unique_ptr<CScriptedPlatform> m_platform;
 };
 
+// With no owner the dialog has no parent, and OK, Cancel and the close box answer 1, 2 and 2.
 void tst_EntryFrame::resultOfNullOwner_data()
 {
     QTest::addColumn<QString>("button");
@@ -75,8 +60,8 @@ void tst_EntryFrame::resultOfNullOwner()
         if (button.isEmpty()) {
             d->close();
         } else {
-            Harness::click(d->findChild<QWidget*>(QStringLiteral("chkKeepDead")));
-            Harness::click(d->findChild<QPushButton*>(button));
+            Harness::clickButton(d, "chkKeepDead");
+            Harness::clickButton(d, button.toLatin1().constData());
         }
     });
     QCOMPARE(parent, nullptr);
@@ -111,9 +96,11 @@ void tst_EntryFrame::constructionFailureIsMinusOne()
     QCOMPARE(runDialog<ThrowingDialog>(0, m_store->server()), -1);
 }
 
+// TAVI_AUTOCLOSE=cancel closes at once as a Cancel, through an entry point too, writing nothing.
 void tst_EntryFrame::autoCloseCancels()
 {
     qputenv("TAVI_AUTOCLOSE", "cancel");
+    const auto unset = qScopeGuard([] { qunsetenv("TAVI_AUTOCLOSE"); });
     QCOMPARE(runDialog<PlainDialog>(0, m_store->server()), 2);
     using Entry = int (*)(TaviOwner, _tMailServer*);
     auto entry = reinterpret_cast<Entry>(Harness::resolveEntry("EditDirectories"));
@@ -124,9 +111,9 @@ void tst_EntryFrame::autoCloseCancels()
 
 void tst_EntryFrame::screenshotRendersWithoutModalLoop()
 {
-    QTemporaryDir dir;
-    const QString file = dir.filePath(QStringLiteral("EditDirectories.png"));
+    const QString file = m_dir->filePath(QStringLiteral("EditDirectories.png"));
     qputenv("TAVI_SCREENSHOT", file.toUtf8());
+    const auto unset = qScopeGuard([] { qunsetenv("TAVI_SCREENSHOT"); });
     using Entry = int (*)(TaviOwner, _tMailServer*);
     auto entry = reinterpret_cast<Entry>(Harness::resolveEntry("EditDirectories"));
     QVERIFY(entry);
@@ -142,6 +129,8 @@ void tst_EntryFrame::screenshotRendersWithoutModalLoop()
     QVERIFY(colours.size() > 3);
 }
 
+// Network file systems count as remote for the path below them, judged by the last, longest mount that
+// really is a parent; escaped blanks, "..", garbage lines and drive letters are handled.
 void tst_EntryFrame::driveTypeFromMountInfo_data()
 {
     const QByteArray info =
@@ -179,6 +168,7 @@ void tst_EntryFrame::driveTypeFromMountInfo()
     QCOMPARE(int(::driveTypeFromMountInfo(info, path)), expected);
 }
 
+// A box without an icon gets the question mark for Yes/No and the exclamation mark otherwise.
 void tst_EntryFrame::defaultMessageBoxIcons_data()
 {
     QTest::addColumn<unsigned>("style");

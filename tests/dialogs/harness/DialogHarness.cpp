@@ -355,6 +355,9 @@ int driveModal(const std::function<int()>& call, const std::function<void(QDialo
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (dialog && !driven) {
             driven = true;
+            // Keys go to the focus widget, which an inactive window does not have yet on a busy machine.
+            if (!QTest::qWaitForWindowActive(dialog))
+                QTest::qFail("the dialog never became the active window", __FILE__, __LINE__);
             driver(dialog);
         } else if (dialog && clock.elapsed() > timeoutMs) {
             QTest::qFail("the dialog was still open after the driver ran", __FILE__, __LINE__);

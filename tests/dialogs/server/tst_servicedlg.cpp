@@ -32,10 +32,6 @@ class tst_ServiceDlg : public CDialogTest {
 private Q_SLOTS:
     void stateShown_data();
     void stateShown();
-    void unreadableStateIsUnknown();
-    void startOrStopSettled_data();
-    void startOrStopSettled();
-    void startStillPendingShowsStarting();
     void failedControlNamesTheService_data();
     void failedControlNamesTheService();
     void closeAndHelp();
@@ -55,130 +51,80 @@ int tst_ServiceDlg::run(const char* service, const char* caption, const std::fun
     return Harness::driveModal([&] { return entry(0, *m_store, service, caption); }, driver);
 }
 
+// The word and the enabled buttons for each state, before and after a start or stop: the controller is
+// asked, the dialog pauses 250 ms under the wait cursor and shows the state as it then is (still
+// "starting" when the service takes longer); an unreadable state or unknown service is "unknown".
 void tst_ServiceDlg::stateShown_data()
 {
-    QTest::addColumn<quint32>("state");
+    QTest::addColumn<quint32>("state"); // 0: no such service
+    QTest::addColumn<bool>("unreadable");
+    QTest::addColumn<QString>("button");  // clicked once the dialog is up
+    QTest::addColumn<quint32>("pendingMs");
     QTest::addColumn<QString>("word");
     QTest::addColumn<bool>("start");
     QTest::addColumn<bool>("stop");
-    QTest::addRow("stopped") << 1u << QStringLiteral("stopped") << true << false;
-    QTest::addRow("start pending") << 2u << QStringLiteral("starting") << false << false;
-    QTest::addRow("stop pending") << 3u << QStringLiteral("stopping") << false << false;
-    QTest::addRow("running") << 4u << QStringLiteral("running") << false << true;
-    QTest::addRow("continue pending") << 5u << QStringLiteral("resuming") << false << false;
-    QTest::addRow("pause pending") << 6u << QStringLiteral("pausing") << false << false;
-    QTest::addRow("paused") << 7u << QStringLiteral("paused") << false << false;
+    QTest::addColumn<quint32>("stateAfter");
+    QTest::addRow("stopped") << 1u << false << "" << 0u << QStringLiteral("stopped") << true << false << 1u;
+    QTest::addRow("start pending") << 2u << false << "" << 0u << QStringLiteral("starting") << false << false << 2u;
+    QTest::addRow("stop pending") << 3u << false << "" << 0u << QStringLiteral("stopping") << false << false << 3u;
+    QTest::addRow("running") << 4u << false << "" << 0u << QStringLiteral("running") << false << true << 4u;
+    QTest::addRow("continue pending") << 5u << false << "" << 0u << QStringLiteral("resuming") << false << false << 5u;
+    QTest::addRow("pause pending") << 6u << false << "" << 0u << QStringLiteral("pausing") << false << false << 6u;
+    QTest::addRow("paused") << 7u << false << "" << 0u << QStringLiteral("paused") << false << false << 7u;
+    QTest::addRow("unreadable") << 4u << true << "" << 0u << QStringLiteral("unknown") << false << false << 4u;
+    QTest::addRow("no such service") << 0u << false << "" << 0u << QStringLiteral("unknown") << false << false << 0u;
+    QTest::addRow("start") << 1u << false << "btnStart" << 0u << QStringLiteral("running") << false << true << 4u;
+    QTest::addRow("stop") << 4u << false << "btnStop" << 0u << QStringLiteral("stopped") << true << false << 1u;
+    // The scripted pause does not wait, so a start that takes a minute is still pending.
+    QTest::addRow("start still pending") << 1u << false << "btnStart" << 60000u << QStringLiteral("starting") << false
+                                         << false << 2u;
 }
 
 void tst_ServiceDlg::stateShown()
 {
     QFETCH(quint32, state);
+    QFETCH(bool, unreadable);
+    QFETCH(QString, button);
+    QFETCH(quint32, pendingMs);
     QFETCH(QString, word);
     QFETCH(bool, start);
     QFETCH(bool, stop);
-    QVERIFY(VbRegisterMailService(*m_store, "POP3", nullptr, "builtin", nullptr, state));
+    QFETCH(quint32, stateAfter);
+    const char* service = state ? "WebMail" : "NoSuchService";
+    if (state) {
+        QVERIFY(VbRegisterMailService(*m_store, "WebMail", "Web Mail Server", "builtin", nullptr, state));
+        QVERIFY(m_store->setNumber("WebMail", "PendingMilliseconds", pendingMs));
+    }
+    if (unreadable)
+        QVERIFY(VbInjectFault(*m_store, "GetMailServiceStatus", nullptr, "WebMail", VB_ERROR_BUSY, 0));
     Shown shown;
-    const int result = run("POP3", "POP3 Server service", [&](QDialog* d) {
+    const int result = run(service, "Web Mail Server service", [&](QDialog* d) {
+        if (!button.isEmpty())
+            Harness::clickButton(d, button.toLatin1().constData());
         shown = shownOf(d);
         d->reject();
     });
+    VbClearFaults(*m_store);
     QCOMPARE(result, 2);
-    QCOMPARE(shown.title, QStringLiteral("POP3 Server service")); // the caption as it stands, no server name
+    QCOMPARE(shown.title, QStringLiteral("Web Mail Server service")); // the caption as it stands, no server name
     QCOMPARE(shown.status, word);
     QCOMPARE(shown.startEnabled, start);
     QCOMPARE(shown.stopEnabled, stop);
-}
-
-void tst_ServiceDlg::unreadableStateIsUnknown()
-{
-    Shown fault, missing;
-    QVERIFY(VbInjectFault(*m_store, "GetMailServiceStatus", nullptr, "SMTPRA", VB_ERROR_BUSY, 0));
-    run("SMTPRA", "SMTP Receiver service", [&](QDialog* d) {
-        fault = shownOf(d);
-        d->reject();
-    });
-    VbClearFaults(*m_store);
-    run("NoSuchService", "", [&](QDialog* d) {
-        missing = shownOf(d);
-        d->reject();
-    });
-    for (const Shown& s : {fault, missing}) {
-        QCOMPARE(s.status, QStringLiteral("unknown"));
-        QVERIFY(!s.startEnabled);
-        QVERIFY(!s.stopEnabled);
-    }
     QVERIFY(m_platform->messages().isEmpty());
-}
-
-void tst_ServiceDlg::startOrStopSettled_data()
-{
-    QTest::addColumn<quint32>("initial");
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("word");
-    QTest::addColumn<bool>("start");
-    QTest::addColumn<bool>("stop");
-    QTest::addRow("start") << 1u << QStringLiteral("btnStart") << QStringLiteral("running") << false << true;
-    QTest::addRow("stop") << 4u << QStringLiteral("btnStop") << QStringLiteral("stopped") << true << false;
-}
-
-void tst_ServiceDlg::startOrStopSettled()
-{
-    QFETCH(quint32, initial);
-    QFETCH(QString, button);
-    QFETCH(QString, word);
-    QFETCH(bool, start);
-    QFETCH(bool, stop);
-    QVERIFY(VbRegisterMailService(*m_store, "WebMail", "Web Mail Server", "builtin", nullptr, initial));
-    QVERIFY(m_store->setNumber("WebMail", "PendingMilliseconds", 0)); // completes at once
-    Shown after;
-    QList<CRecordedCall> duringCall;
-    run("WebMail", "Web Mail Server service", [&](QDialog* d) {
-        Harness::click(d->findChild<QPushButton*>(button));
-        after = shownOf(d);
-        Harness::clickButton(d, "btnClose");
-    });
-    QCOMPARE(after.status, word);
-    QCOMPARE(after.startEnabled, start);
-    QCOMPARE(after.stopEnabled, stop);
-    quint32 state = 0;
-    QVERIFY(GetMailServiceStatus(*m_store, "WebMail", &state));
-    QCOMPARE(state, initial == 1u ? 4u : 1u);
-    // Wait cursor on, the 250 ms pause, wait cursor off, in this order.
+    quint32 now = 0;
+    QCOMPARE(GetMailServiceStatus(*m_store, service, &now), state != 0);
+    QCOMPARE(now, stateAfter);
+    // Wait cursor on, the 250 ms pause, wait cursor off, in this order, and only after a button.
     QStringList sequence;
     for (const CRecordedCall& c : m_platform->calls()) {
         if (c.kind == QLatin1String("waitCursor") || c.kind == QLatin1String("sleep"))
             sequence << QStringLiteral("%1:%2").arg(c.kind).arg(c.style);
     }
-    QCOMPARE(sequence, (QStringList{QStringLiteral("waitCursor:1"), QStringLiteral("sleep:250"), QStringLiteral("waitCursor:0")}));
-    QVERIFY(m_platform->messages().isEmpty());
+    const QStringList pause{"waitCursor:1", "sleep:250", "waitCursor:0"};
+    QCOMPARE(sequence, button.isEmpty() ? QStringList() : pause);
 }
 
-void tst_ServiceDlg::startStillPendingShowsStarting()
-{
-    // The builtin controller keeps a start pending for a while; the scripted pause does not wait.
-    QVERIFY(VbRegisterMailService(*m_store, "WebMail", "Web Mail Server", "builtin", nullptr, VB_SERVICE_STOPPED));
-    QVERIFY(m_store->setNumber("WebMail", "PendingMilliseconds", 60000));
-    Shown before, after;
-    run("WebMail", "Web Mail Server service", [&](QDialog* d) {
-        before = shownOf(d);
-        Harness::clickButton(d, "btnStart");
-        after = shownOf(d);
-        d->reject();
-    });
-    QCOMPARE(before.status, QStringLiteral("stopped"));
-    QVERIFY(before.startEnabled);
-    QCOMPARE(after.status, QStringLiteral("starting"));
-    QVERIFY(!after.startEnabled);
-    QVERIFY(!after.stopEnabled);
-    QCOMPARE(m_platform->callsOf(QStringLiteral("sleep")).size(), 1);
-    // Reopening shows the state as it then is; it has not changed on its own.
-    run("WebMail", "Web Mail Server service", [&](QDialog* d) {
-        after = shownOf(d);
-        d->reject();
-    });
-    QCOMPARE(after.status, QStringLiteral("starting"));
-}
-
+// A refused start or stop shows one box naming the service and the code, skips the pause, reads the state again.
 void tst_ServiceDlg::failedControlNamesTheService_data()
 {
     QTest::addColumn<quint32>("initial");
@@ -216,6 +162,7 @@ void tst_ServiceDlg::failedControlNamesTheService()
     QCOMPARE(m_store->calls("GetMailServiceStatus"), 2u);
 }
 
+// The buttons' texts and mnemonics, the help context on the button and F1, and null arguments.
 void tst_ServiceDlg::closeAndHelp()
 {
     QStringList buttons;
