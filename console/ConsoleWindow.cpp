@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -14,14 +15,18 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
+#include <velbrook/DemoConfiguration.h>
 #include <velbrook/DomainStore.h>
 #include <velbrook/MailToolkit.h>
 #include <velbrook/ServerStore.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <vector>
 
 namespace {
@@ -35,12 +40,27 @@ using EntryLogFlags = int (*)(TaviOwner, _tMailServer*, const char*, uint32_t*, 
 
 QString constant(_tMailServer* server, const char* name)
 {
-    char buffer[257] = {};
+    QByteArray buffer(257, '\0');
+    uint32_t size = uint32_t(buffer.size());
+    if (!GetMailServerConstant(server, name, buffer.data(), &size, nullptr)) {
+        if (GetLastError() != VB_ERROR_MORE_DATA || size > (1u << 20))
+            return QString();
+        buffer.fill('\0', qsizetype(size) + 1);
+        size = uint32_t(buffer.size());
+        if (!GetMailServerConstant(server, name, buffer.data(), &size, nullptr))
+            return QString();
+    }
+    return QString::fromUtf8(buffer.constData(), qsizetype(qstrnlen(buffer.constData(), size_t(buffer.size()))));
+}
+
+// A store without any server setting was just created.
+bool isEmptyStore(_tMailServer* server)
+{
+    char buffer[4] = {};
     uint32_t size = sizeof buffer;
-    if (!GetMailServerConstant(server, name, buffer, &size, nullptr))
-        return QString();
-    buffer[sizeof buffer - 1] = '\0';
-    return QString::fromUtf8(buffer);
+    if (EnumMailServerProperties(server, nullptr, buffer, &size))
+        return buffer[0] == '\0';
+    return false;
 }
 
 // Sets an environment variable for one call.
@@ -64,7 +84,7 @@ private:
 
 } // namespace
 
-ConsoleWindow::ConsoleWindow(_tMailServer* server, QWidget* parent) : QMainWindow(parent), m_server(server)
+ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("ConsoleWindow"));
     setWindowTitle(QStringLiteral("Velbrook Administration Console"));
@@ -76,6 +96,7 @@ ConsoleWindow::ConsoleWindow(_tMailServer* server, QWidget* parent) : QMainWindo
     auto* form = new QFormLayout(serverBox);
     m_serverName = new QLabel(serverBox);
     m_serverName->setObjectName(QStringLiteral("lblServerName"));
+    m_serverName->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_location = new QLabel(serverBox);
     m_location->setObjectName(QStringLiteral("lblLocation"));
     m_location->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -87,53 +108,152 @@ ConsoleWindow::ConsoleWindow(_tMailServer* server, QWidget* parent) : QMainWindo
     form->addRow(QStringLiteral("Connector:"), m_connector);
     layout->addWidget(serverBox);
 
-    auto* dialogsLabel = new QLabel(QStringLiteral("&Settings:"), central);
+    auto* dialogsLabel = new QLabel(QStringLiteral("&Dialogs:"), central);
     m_dialogs = new QTreeWidget(central);
     m_dialogs->setObjectName(QStringLiteral("lstDialogs"));
+    m_dialogs->setColumnCount(2);
     m_dialogs->setHeaderHidden(true);
     m_dialogs->setRootIsDecorated(true);
+    m_dialogs->setUniformRowHeights(true);
+    m_dialogs->header()->setStretchLastSection(false);
+    m_dialogs->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_dialogs->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     dialogsLabel->setBuddy(m_dialogs);
     layout->addWidget(dialogsLabel);
     layout->addWidget(m_dialogs, 1);
-    auto* open = new QPushButton(QStringLiteral("&Open..."), central);
-    open->setObjectName(QStringLiteral("btnOpen"));
+    m_open = new QPushButton(QStringLiteral("&Open..."), central);
+    m_open->setObjectName(QStringLiteral("btnOpen"));
+    m_open->setEnabled(false);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(open);
+    buttons->addWidget(m_open);
     layout->addLayout(buttons);
     setCentralWidget(central);
+    setTabOrder(m_dialogs, m_open);
 
+    // Enter and a double-click both activate an item (the view's own rules).
     connect(m_dialogs, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) { openItem(item); });
-    connect(open, &QPushButton::clicked, this, [this] { openItem(m_dialogs->currentItem()); });
+    connect(m_dialogs, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+        m_open->setEnabled(item && !item->data(0, Qt::UserRole).toString().isEmpty());
+    });
+    connect(m_open, &QPushButton::clicked, this, [this] { openItem(m_dialogs->currentItem()); });
 
-    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
-    file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    // A service that is starting or stopping is looked at again until it gets there.
+    m_pendingPoll = new QTimer(this);
+    m_pendingPoll->setInterval(500);
+    connect(m_pendingPoll, &QTimer::timeout, this, &ConsoleWindow::refreshServices);
+
+    buildMenus();
     m_status = new QLabel(this);
+    m_status->setObjectName(QStringLiteral("lblStatus"));
     statusBar()->addWidget(m_status, 1);
-    resize(520, 560);
+    resize(560, 620);
     refreshServer();
+    m_dialogs->setFocus();
 }
 
-bool ConsoleWindow::loadLibrary()
+ConsoleWindow::~ConsoleWindow()
 {
-    // Next to the console's own build or install tree first, then wherever the system looks.
-    const QString name = QStringLiteral(TAVI_LIBRARY_FILE);
-    const QString appDir = QCoreApplication::applicationDirPath();
-    for (const QString& candidate : {appDir + QStringLiteral("/../lib/") + name, appDir + QLatin1Char('/') + name}) {
-        if (QFileInfo::exists(candidate)) {
-            m_library.setFileName(QDir::cleanPath(candidate));
-            break;
-        }
-    }
-    if (m_library.fileName().isEmpty())
-        m_library.setFileName(QStringLiteral("TaviDlg"));
-    if (!m_library.load()) {
-        m_error = m_library.errorString();
-        m_status->setText(QStringLiteral("The dialog library could not be loaded: %1").arg(m_error));
+    if (m_server)
+        CloseMailServer(m_server);
+}
+
+void ConsoleWindow::buildMenus()
+{
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    QAction* open = file->addAction(QStringLiteral("&Open store..."), QKeySequence::Open, this, &ConsoleWindow::chooseStore);
+    open->setObjectName(QStringLiteral("actOpenStore"));
+    file->addSeparator();
+    file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
+    view->addAction(QStringLiteral("&Refresh"), QKeySequence::Refresh, this, [this] {
+        refreshServer();
+        refreshServices();
+    });
+    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+    help->addAction(QStringLiteral("&About"), this, [this] {
+        QMessageBox::about(this, QStringLiteral("About the console"),
+                           QStringLiteral("Velbrook Administration Console %1\n\nOpens the configuration dialogs "
+                                          "of the TaviDlg library over one server's configuration store.")
+                               .arg(QStringLiteral(TAVI_VERSION)));
+    });
+}
+
+QString ConsoleWindow::storeErrorText(const QString& location, uint32_t code)
+{
+    char text[256] = {};
+    VbErrorText(code, text, sizeof text);
+    QString reason = QString::fromUtf8(text, qsizetype(qstrnlen(text, sizeof text)));
+    if (reason.isEmpty())
+        reason = QStringLiteral("Unknown error");
+    return QStringLiteral("The configuration store %1 could not be opened.\n%2 (error %3)")
+        .arg(location.isEmpty() ? QStringLiteral("(the default store)") : location, reason)
+        .arg(code);
+}
+
+bool ConsoleWindow::openStore(const QString& location, bool seedIfEmpty)
+{
+    const QByteArray utf8 = location.toUtf8();
+    _tMailServer* server = OpenMailServer(location.isEmpty() ? nullptr : utf8.constData());
+    if (!server) {
+        m_error = storeErrorText(location, GetLastError());
         return false;
     }
+    if (seedIfEmpty && isEmptyStore(server) && !VbSeedDemoConfiguration(server))
+        std::fprintf(stderr, "could not write the demonstration configuration (error %u)\n", GetLastError());
+    if (m_server)
+        CloseMailServer(m_server);
+    m_server = server;
+    refreshServer();
     fillDialogList();
     return true;
+}
+
+void ConsoleWindow::chooseStore()
+{
+    const QString current = m_server ? QString::fromUtf8(GetMailServerLocation(m_server)) : QString();
+    const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("Open a configuration store"),
+                                                      QFileInfo(current).absolutePath(),
+                                                      QStringLiteral("Configuration stores (*.db);;All files (*)"));
+    if (file.isEmpty())
+        return;
+    if (!openStore(file))
+        report(m_error);
+    else
+        m_status->setText(QStringLiteral("Opened %1").arg(QDir::toNativeSeparators(file)));
+}
+
+void ConsoleWindow::report(const QString& message)
+{
+    QMessageBox::critical(this, windowTitle(), message);
+}
+
+bool ConsoleWindow::loadLibrary(const QString& file)
+{
+    if (m_library.isLoaded())
+        m_library.unload();
+    m_library.setFileName(QString());
+    if (!file.isEmpty()) {
+        m_library.setFileName(file);
+    } else {
+        // Next to the console's own build or install tree first, then wherever the system looks.
+        const QString name = QStringLiteral(TAVI_LIBRARY_FILE);
+        const QString appDir = QCoreApplication::applicationDirPath();
+        for (const QString& candidate :
+             {appDir + QStringLiteral("/../lib/") + name, appDir + QLatin1Char('/') + name}) {
+            if (QFileInfo::exists(candidate)) {
+                m_library.setFileName(QDir::cleanPath(candidate));
+                break;
+            }
+        }
+        if (m_library.fileName().isEmpty())
+            m_library.setFileName(QStringLiteral("TaviDlg"));
+    }
+    const bool loaded = m_library.load();
+    m_error = loaded ? QString()
+                     : QStringLiteral("The dialog library could not be loaded.\n%1").arg(m_library.errorString());
+    fillDialogList();
+    return loaded;
 }
 
 bool ConsoleWindow::isAvailable(const DialogRow& row)
@@ -143,12 +263,22 @@ bool ConsoleWindow::isAvailable(const DialogRow& row)
 
 void ConsoleWindow::refreshServer()
 {
+    if (!m_server) {
+        m_serverName->setText(QStringLiteral("(no store open)"));
+        m_location->clear();
+        m_connector->clear();
+        setWindowTitle(QStringLiteral("Velbrook Administration Console"));
+        return;
+    }
     QString name = constant(m_server, "MachineName");
+    if (name.isEmpty())
+        name = QStringLiteral("(unknown)");
+    setWindowTitle(QStringLiteral("%1 - Velbrook Administration Console").arg(name));
     if (!IsLocalMachine(m_server))
         name += QStringLiteral(" (managed from here)");
-    m_serverName->setText(name.isEmpty() ? QStringLiteral("(unknown)") : name);
+    m_serverName->setText(name);
     const char* location = GetMailServerLocation(m_server);
-    m_location->setText(QString::fromUtf8(location ? location : ""));
+    m_location->setText(QDir::toNativeSeparators(QString::fromUtf8(location ? location : "")));
     _tConfigConnectorInfo info = {};
     info.cbSize = sizeof info;
     QString connector = QStringLiteral("(unknown)");
@@ -163,9 +293,58 @@ void ConsoleWindow::refreshServer()
     m_connector->setText(connector);
 }
 
+QString ConsoleWindow::stateText(uint32_t state)
+{
+    switch (state) {
+    case VB_SERVICE_STOPPED:
+        return QStringLiteral("Stopped");
+    case VB_SERVICE_START_PENDING:
+        return QStringLiteral("Starting");
+    case VB_SERVICE_STOP_PENDING:
+        return QStringLiteral("Stopping");
+    case VB_SERVICE_RUNNING:
+        return QStringLiteral("Running");
+    case VB_SERVICE_CONTINUE_PENDING:
+        return QStringLiteral("Resuming");
+    case VB_SERVICE_PAUSE_PENDING:
+        return QStringLiteral("Pausing");
+    case VB_SERVICE_PAUSED:
+        return QStringLiteral("Paused");
+    }
+    return QStringLiteral("Unknown");
+}
+
+void ConsoleWindow::refreshServices()
+{
+    bool pending = false;
+    for (QTreeWidgetItemIterator it(m_dialogs); *it; ++it) {
+        const QByteArray service = (*it)->data(0, Qt::UserRole + 1).toString().toUtf8();
+        if (service.isEmpty() || !m_server)
+            continue;
+        uint32_t state = 0;
+        if (!GetMailServiceStatus(m_server, service.constData(), &state))
+            state = 0;
+        pending = pending || state == VB_SERVICE_START_PENDING || state == VB_SERVICE_STOP_PENDING
+            || state == VB_SERVICE_CONTINUE_PENDING || state == VB_SERVICE_PAUSE_PENDING;
+        (*it)->setText(1, stateText(state));
+        (*it)->setData(1, Qt::UserRole, state);
+    }
+    if (pending && !m_pendingPoll->isActive())
+        m_pendingPoll->start();
+    else if (!pending)
+        m_pendingPoll->stop();
+}
+
 void ConsoleWindow::fillDialogList()
 {
     m_dialogs->clear();
+    if (!m_library.isLoaded() || !m_server) {
+        m_open->setEnabled(false);
+        m_status->setText(!m_server ? QStringLiteral("No configuration store is open.")
+                                    : m_error.isEmpty() ? QStringLiteral("The dialog library is not loaded.")
+                                                        : QString(m_error).replace(QLatin1Char('\n'), QLatin1Char(' ')));
+        return;
+    }
     QTreeWidgetItem* group = nullptr;
     int count = 0;
     for (const DialogRow& row : dialogTable()) {
@@ -175,9 +354,10 @@ void ConsoleWindow::fillDialogList()
         if (!group || group->text(0) != groupName) {
             group = new QTreeWidgetItem(m_dialogs, {groupName});
             group->setFlags(Qt::ItemIsEnabled);
+            group->setFirstColumnSpanned(true);
             group->setExpanded(true);
         }
-        // Every service of the server gets its own control dialog.
+        // Every service of the server gets its own control dialog, with its state beside it.
         if (row.args == EntryArgs::ServiceControl) {
             for (const auto& [name, displayName] : services()) {
                 auto* item = new QTreeWidgetItem(group, {displayName + QStringLiteral(" service")});
@@ -193,6 +373,7 @@ void ConsoleWindow::fillDialogList()
         item->setToolTip(0, QString::fromUtf8(row.entryPoint));
         ++count;
     }
+    refreshServices();
     m_status->setText(count == 1 ? QStringLiteral("1 dialog available")
                                  : QStringLiteral("%1 dialogs available").arg(count));
     if (QTreeWidgetItem* first = m_dialogs->topLevelItemCount() ? m_dialogs->topLevelItem(0)->child(0) : nullptr)
@@ -204,14 +385,26 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
     if (!item)
         return;
     const QString entry = item->data(0, Qt::UserRole).toString();
+    if (entry.isEmpty()) {
+        item->setExpanded(!item->isExpanded());
+        return;
+    }
     for (const DialogRow& row : dialogTable()) {
-        if (entry == QLatin1String(row.entryPoint)) {
-            const int result = openDialog(row, QString(), item->data(0, Qt::UserRole + 1).toString());
-            if (result != -100)
-                m_status->setText(QStringLiteral("%1 returned %2").arg(entry).arg(result));
-            refreshServer();
-            return;
-        }
+        if (entry != QLatin1String(row.entryPoint))
+            continue;
+        const int result = openDialog(row, QString(), item->data(0, Qt::UserRole + 1).toString());
+        const QString what = item->text(0);
+        if (result == 1)
+            m_status->setText(QStringLiteral("%1: closed with OK").arg(what));
+        else if (result == 2)
+            m_status->setText(QStringLiteral("%1: cancelled").arg(what));
+        else if (result == -1)
+            m_status->setText(QStringLiteral("%1: the dialog could not be opened").arg(what));
+        else if (result != -100)
+            m_status->setText(QStringLiteral("%1: returned %2").arg(what).arg(result));
+        refreshServer();
+        refreshServices();
+        return;
     }
 }
 
@@ -264,7 +457,7 @@ QList<QPair<QString, QString>> ConsoleWindow::services() const
 
 int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, const QString& service)
 {
-    QFunctionPointer symbol = m_library.resolve(row.entryPoint);
+    QFunctionPointer symbol = m_server ? m_library.resolve(row.entryPoint) : nullptr;
     if (!symbol)
         return -100;
     const bool interactive = screenshot.isEmpty();
