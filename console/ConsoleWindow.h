@@ -10,8 +10,6 @@
 
 #include <velbrook/StoreBase.h>
 
-#include <functional>
-
 class QLabel;
 class QPushButton;
 class QTimer;
@@ -34,8 +32,6 @@ public:
     // library to load; empty looks next to the console, then wherever the system looks.
     bool loadLibrary(const QString& file = QString());
     QString errorString() const { return m_error; }
-    // How errors are shown to the person (a critical message box unless replaced, by tests say).
-    void setErrorReporter(std::function<void(const QString&)> reporter) { m_report = std::move(reporter); }
 
     // Whether the library exports the row's entry point.
     bool isAvailable(const DialogRow& row);
@@ -69,7 +65,6 @@ private:
     _tMailServer* m_server = nullptr;
     QLibrary m_library;
     QString m_error;
-    std::function<void(const QString&)> m_report;
     QLabel* m_serverName = nullptr;
     QLabel* m_location = nullptr;
     QLabel* m_connector = nullptr;
