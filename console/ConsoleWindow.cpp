@@ -275,7 +275,7 @@ void ConsoleWindow::refreshServer()
         name = QStringLiteral("(unknown)");
     setWindowTitle(QStringLiteral("%1 - Velbrook Administration Console").arg(name));
     if (!IsLocalMachine(m_server))
-        name += QStringLiteral(" (managed from here)");
+        name += QStringLiteral(" (on another machine)");
     m_serverName->setText(name);
     const char* location = GetMailServerLocation(m_server);
     m_location->setText(QDir::toNativeSeparators(QString::fromUtf8(location ? location : "")));

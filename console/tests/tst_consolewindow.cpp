@@ -107,7 +107,7 @@ private slots:
                                       uint32_t(name.size() + 1)));
         QVERIFY(m_window->openStore(storePath("server.db")));
         QCOMPARE(m_window->windowTitle(), QString::fromUtf8(name) + QStringLiteral(" - Velbrook Administration Console"));
-        QCOMPARE(label("lblServerName"), QString::fromUtf8(name) + QStringLiteral(" (managed from here)"));
+        QCOMPARE(label("lblServerName"), QString::fromUtf8(name) + QStringLiteral(" (on another machine)"));
         QCOMPARE(label("lblLocation"), storePath("server.db"));
         QVERIFY2(label("lblConnector").startsWith(QStringLiteral("Embedded (SQLite)")), qPrintable(label("lblConnector")));
     }
