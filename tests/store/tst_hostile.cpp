@@ -256,8 +256,9 @@ TEST_P(BrokenFile, FailsCleanlyWithALastError)
     }
     // Every operation either works or fails with its last error.
     auto check = [](int ok, const char* what) {
-        if (!ok)
+        if (!ok) {
             EXPECT_NE(GetLastError(), 0u) << what;
+        }
     };
     SetLastError(0);
     check(setText(nullptr, "After", "x"), "set");
