@@ -260,16 +260,21 @@ int CSubnetListDlg::positionOf(quint32 address, quint32 mask) const
     return -1;
 }
 
+bool CSubnetListDlg::selectedSubnet(int row, uint32_t& address, uint32_t& mask) const
+{
+    if (row < 0)
+        return false;
+    // The row's text is parsed back, as the person sees it.
+    const QByteArray subnet = CSubnetListModel::subnetText(m_model->element(row)).toLatin1();
+    return ParseIp4Subnet(subnet.constData(), '/', &address, &mask) != 0;
+}
+
 void CSubnetListDlg::onSelectionChanged()
 {
     const int row = selectedRow();
-    if (row < 0)
-        return;
-    // The fields are filled from the row's text, as the person sees it.
-    const QByteArray subnet = CSubnetListModel::subnetText(m_model->element(row)).toLatin1();
     uint32_t address = 0;
     uint32_t mask = 0;
-    if (!ParseIp4Subnet(subnet.constData(), '/', &address, &mask))
+    if (!selectedSubnet(row, address, mask))
         return;
     m_networkEdit->setAddress(address);
     m_maskEdit->setAddress(mask);
@@ -364,12 +369,9 @@ void CSubnetListDlg::onModify()
 void CSubnetListDlg::onDelete()
 {
     const int row = selectedRow();
-    if (row < 0)
-        return;
-    const QByteArray subnet = CSubnetListModel::subnetText(m_model->element(row)).toLatin1();
     uint32_t address = 0;
     uint32_t mask = 0;
-    if (!ParseIp4Subnet(subnet.constData(), '/', &address, &mask))
+    if (!selectedSubnet(row, address, mask))
         return;
     const int removed = positionOf(address, mask);
     if (removed < 0 || !DeleteIp4Subnet(&m_working, address, mask))

@@ -53,6 +53,7 @@ private:
     int selectedRow() const;
     // Position of the first element with this address and mask in the working copy, or -1.
     int positionOf(quint32 address, quint32 mask) const;
+    bool selectedSubnet(int row, uint32_t& address, uint32_t& mask) const;
     ReadOutcome readImportFile(const QString& path, SubnetCsv::Importer& importer);
     bool writeExportFile(const QString& path, const QByteArray& text);
     void releaseWorkingCopy();
