@@ -93,7 +93,8 @@ bool CDirectoriesDlg::exchange(bool save)
         m_keepDeadCheck->setChecked(m_keepDead);
         return true;
     }
-    m_spoolDir = m_spoolEdit->text();
+    // Blanks around the path are not part of it.
+    m_spoolDir = m_spoolEdit->text().trimmed();
     m_keepDead = m_keepDeadCheck->isChecked();
     if (m_spoolDir.compare(m_spoolDirRead, Qt::CaseInsensitive) != 0) {
         if (IsLocalMachine(server()) && isOnNetworkDrive(m_spoolDir)) {
@@ -115,7 +116,7 @@ bool CDirectoriesDlg::exchange(bool save)
 
 void CDirectoriesDlg::onOK()
 {
-    const bool spoolChanged = m_spoolEdit->text().compare(m_spoolDirRead, Qt::CaseInsensitive) != 0;
+    const bool spoolChanged = m_spoolEdit->text().trimmed().compare(m_spoolDirRead, Qt::CaseInsensitive) != 0;
     const bool actionChanged = m_keepDeadCheck->isChecked() != (m_undeliverableDsnActionRead == 0);
     // An unchanged OK closes as Cancel so the caller knows nothing was written.
     if (!spoolChanged && !actionChanged) {

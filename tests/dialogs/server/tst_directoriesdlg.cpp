@@ -78,6 +78,12 @@ void tst_DirectoriesDlg::changesAreWritten_data()
                                                           << QStringLiteral("D:\\Velbrook\\Spool") << 0u << 1 << 1;
     QTest::addRow("both") << 1u << QStringLiteral("\\\\filer\\spool") << true
                           << QStringLiteral("\\\\filer\\spool") << 0u << 2 << 1;
+    // Blanks around the path are not part of it: the same path padded is no change, a new one is
+    // written without them.
+    QTest::addRow("blanks around the same path") << 0u << QStringLiteral("  D:\\Velbrook\\Spool ") << false
+                                                 << QStringLiteral("D:\\Velbrook\\Spool") << 0u << 0 << 2;
+    QTest::addRow("blanks around a new path") << 0u << QStringLiteral(" E:\\Mail\\Spool  ") << false
+                                              << QStringLiteral("E:\\Mail\\Spool") << 0u << 1 << 1;
     QTest::addRow("non-ASCII path") << 0u << QStringLiteral("/srv/pošta/spool") << false
                                     << QStringLiteral("/srv/pošta/spool") << 0u << 1 << 1;
     // Escape (the only row that does not end with Enter) drops both changes.
@@ -117,6 +123,8 @@ void tst_DirectoriesDlg::networkDriveRefusedForLocalServer_data()
     QTest::addColumn<QString>("root");
     QTest::addRow("mapped drive") << QStringLiteral("z:\\spool") << QStringLiteral("Z:\\");
     QTest::addRow("network mount") << QStringLiteral("/mnt/filer/spool") << QStringLiteral("/mnt/filer/spool");
+    // A leading blank must not hide the drive letter from the check.
+    QTest::addRow("mapped drive after a blank") << QStringLiteral(" z:\\spool") << QStringLiteral("Z:\\");
 }
 
 void tst_DirectoriesDlg::networkDriveRefusedForLocalServer()
