@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <climits>
+
 namespace {
 constexpr unsigned kHelpContext = 2005;
 constexpr unsigned kNetworkDriveRefused = 55651;
@@ -89,6 +91,9 @@ bool CDirectoriesDlg::isOnNetworkDrive(const QString& path) const
 bool CDirectoriesDlg::exchange(bool save)
 {
     if (!save) {
+        // An edit holds 32767 characters; a longer stored path must not be cut short by showing it.
+        if (m_spoolDir.size() > m_spoolEdit->maxLength())
+            m_spoolEdit->setMaxLength(int(qMin<qsizetype>(m_spoolDir.size(), INT_MAX)));
         m_spoolEdit->setText(m_spoolDir);
         m_keepDeadCheck->setChecked(m_keepDead);
         return true;

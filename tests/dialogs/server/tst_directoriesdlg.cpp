@@ -22,6 +22,7 @@ private Q_SLOTS:
     void browsePutsChosenFolderIntoEdit();
     void failedWritesAreSilent();
     void defaultsWhenUnreadable();
+    void overlongStoredPathSurvivesOtherChange();
 
 private:
     void seed() override;
@@ -240,6 +241,22 @@ void tst_DirectoriesDlg::defaultsWhenUnreadable()
     QCOMPARE(dialog.registryFormatVersion(), 0u);
     dialog.reject();
     QCOMPARE(dialog.result(), 2);
+}
+
+// A stored path longer than an edit normally holds must not be cut short when only the box changes.
+void tst_DirectoriesDlg::overlongStoredPathSurvivesOtherChange()
+{
+    const QString longPath = QStringLiteral("/srv/") + QString(40000, QLatin1Char('p'));
+    QVERIFY(m_store->setString(nullptr, "MailSpoolDir", longPath));
+    m_store->reopen();
+    const int result = Harness::runEntry("EditDirectories", 0, *m_store, [&](QDialog* d) {
+        Harness::clickButton(d, "chkKeepDead");
+        Harness::clickButton(d, "btnOK");
+    });
+    QCOMPARE(result, 1);
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 1u);
+    QCOMPARE(m_store->string(nullptr, "MailSpoolDir"), longPath);
+    QCOMPARE(m_store->number(nullptr, "UndeliverableDsnAction"), std::optional<quint32>(1u));
 }
 
 QTEST_MAIN(tst_DirectoriesDlg)
