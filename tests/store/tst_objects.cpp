@@ -380,6 +380,44 @@ TEST_F(Objects, WrappersAndDependencies)
     EXPECT_TRUE(copy.Term());
 }
 
+// A dependency whose work is scripted: counts each call and answers what it is told.
+class CountingDependancy : public CDependancy<CMailServer> {
+public:
+    bool initAnswer = true;
+    bool termAnswer = true;
+    int inits = 0, terms = 0, reports = 0;
+    void ReportInitError(CMailServer&) override { ++reports; }
+    bool DoInitWork(CMailServer&) override { ++inits; return initAnswer; }
+    bool DoTermWork() override { ++terms; return termAnswer; }
+};
+
+TEST(Dependancy, InitAndTermCallTheirWorkOnlyWhenNeeded)
+{
+    CMailServer server;
+    CountingDependancy d;
+    EXPECT_TRUE(d.Term());
+    EXPECT_EQ(d.terms, 0) << "never initialised: no terminating work";
+
+    d.initAnswer = false;
+    EXPECT_FALSE(d.Init(server));
+    EXPECT_EQ(d.reports, 1) << "a failed Init reports it";
+    EXPECT_FALSE(d.IsInitialised());
+
+    d.initAnswer = true;
+    EXPECT_TRUE(d.Init(server));
+    EXPECT_TRUE(d.Init(server));
+    EXPECT_EQ(d.inits, 2) << "the second successful Init did no work again";
+    EXPECT_EQ(d.reports, 1);
+
+    d.termAnswer = false;
+    EXPECT_FALSE(d.Term());
+    EXPECT_TRUE(d.IsInitialised()) << "a failed Term stays initialised";
+    d.termAnswer = true;
+    EXPECT_TRUE(d.Term());
+    EXPECT_FALSE(d.IsInitialised());
+    EXPECT_EQ(d.terms, 2);
+}
+
 TEST_F(Objects, DialupAndRetries)
 {
     uint32_t status = 9;
