@@ -50,12 +50,27 @@ struct TempStore {
     }
 };
 
-void reportRatio(benchmark::State& state, double storeNs, double rawNs, int64_t ops)
-{
-    state.counters["store_ns"] = storeNs / double(ops);
-    state.counters["raw_ns"] = rawNs / double(ops);
-    state.counters["ratio"] = storeNs / rawNs;
-}
+// Store time against raw-statement time, accumulated batch by batch in the same run.
+struct RatioClock {
+    double storeNs = 0;
+    double rawNs = 0;
+    int64_t ops = 0;
+
+    // a..b timed the store's batch, b..c the raw statement's batch of the same size.
+    void add(Clock::time_point a, Clock::time_point b, Clock::time_point c, int batch)
+    {
+        storeNs += std::chrono::duration<double, std::nano>(b - a).count();
+        rawNs += std::chrono::duration<double, std::nano>(c - b).count();
+        ops += batch;
+    }
+
+    void report(benchmark::State& state) const
+    {
+        state.counters["store_ns"] = storeNs / double(ops);
+        state.counters["raw_ns"] = rawNs / double(ops);
+        state.counters["ratio"] = storeNs / rawNs;
+    }
+};
 
 void BM_PointReadRatio(benchmark::State& state)
 {
@@ -71,8 +86,7 @@ void BM_PointReadRatio(benchmark::State& state)
     sqlite3_stmt* s = nullptr;
     sqlite3_prepare_v3(t.raw, "SELECT type, value FROM property WHERE owner = 0 AND section_key = ? AND name_key = ?",
                        -1, SQLITE_PREPARE_PERSISTENT, &s, nullptr);
-    double storeNs = 0, rawNs = 0;
-    int64_t ops = 0;
+    RatioClock ratio;
     char buffer[261];
     for (auto _ : state) {
         constexpr int kBatch = 1000;
@@ -97,12 +111,10 @@ void BM_PointReadRatio(benchmark::State& state)
             benchmark::DoNotOptimize(buffer);
         }
         auto c = Clock::now();
-        storeNs += std::chrono::duration<double, std::nano>(b - a).count();
-        rawNs += std::chrono::duration<double, std::nano>(c - b).count();
-        ops += kBatch;
+        ratio.add(a, b, c, kBatch);
     }
     sqlite3_finalize(s);
-    reportRatio(state, storeNs, rawNs, ops);
+    ratio.report(state);
 }
 BENCHMARK(BM_PointReadRatio)->Unit(benchmark::kMillisecond);
 
@@ -116,8 +128,7 @@ void BM_PointWriteRatio(benchmark::State& state)
                        "ON CONFLICT(owner, section_key, name_key) DO UPDATE SET type = excluded.type, "
                        "value = excluded.value",
                        -1, SQLITE_PREPARE_PERSISTENT, &s, nullptr);
-    double storeNs = 0, rawNs = 0;
-    int64_t ops = 0;
+    RatioClock ratio;
     uint32_t v = 0;
     for (auto _ : state) {
         constexpr int kBatch = 200;
@@ -134,12 +145,10 @@ void BM_PointWriteRatio(benchmark::State& state)
             sqlite3_reset(s);
         }
         auto c = Clock::now();
-        storeNs += std::chrono::duration<double, std::nano>(b - a).count();
-        rawNs += std::chrono::duration<double, std::nano>(c - b).count();
-        ops += kBatch;
+        ratio.add(a, b, c, kBatch);
     }
     sqlite3_finalize(s);
-    reportRatio(state, storeNs, rawNs, ops);
+    ratio.report(state);
 }
 BENCHMARK(BM_PointWriteRatio)->Unit(benchmark::kMillisecond);
 
