@@ -57,6 +57,20 @@ TAVIDLG_API int ServiceControlDialog(TaviOwner owner, _tMailServer* server, cons
 /* Logging. */
 TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
 
+/* Delivery schedules and routing. */
+
+/* Security: the security sheet, the server's address lists and the wireless carriers. */
+
+/* Protection wizards. */
+
+/* Domains. */
+
+/* Mailboxes. */
+
+/* Mailing lists. */
+
+/* The configuration connector. */
+
 /* The reminder box the dialogs show (a message from the library's string table with "Don't show this
  * dialog again"), for hosts that warn about the same things. flags are message-box styles (0x0F
  * buttons: 0 OK only, else OK and Cancel; 0xF0 the icon); captionId 0 keeps "Reminder". Returns 1 at
