@@ -1,5 +1,7 @@
 #include "common/QtPlatformServices.h"
 
+#include "common/HelpWindow.h"
+
 #include "res/StringIds.h"
 #include "res/StringTable.h"
 #include "config/MessageFormat.h"
@@ -219,13 +221,7 @@ bool CQtPlatformServices::pickFolder(QWidget* owner, const QString& title, QStri
 
 void CQtPlatformServices::showHelp(QWidget* owner, unsigned context)
 {
-    // Help pages are installed as <app dir>/../share/velbrook/help/<context>.html.
-    const QString page = QCoreApplication::applicationDirPath()
-        + QStringLiteral("/../share/velbrook/help/%1.html").arg(context);
-    if (QFile::exists(page) && QDesktopServices::openUrl(QUrl::fromLocalFile(page)))
-        return;
-    messageBox(owner, TaviFormat(TaviString(IDS_TAVI_NO_HELP), {QString::number(context)}),
-               TaviString(IDS_TAVI_MESSAGE_CAPTION), Mb::Ok | Mb::IconInformation);
+    openHelp(owner, context);
 }
 
 DriveType driveTypeFromMountInfo(const QByteArray& mountInfo, const QString& path)

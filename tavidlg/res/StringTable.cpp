@@ -1,5 +1,8 @@
 #include "res/StringTable.h"
 
+#include <QCoreApplication>
+
+#include <algorithm>
 #include <unordered_map>
 #include <vector>
 
@@ -33,12 +36,23 @@ QString TaviString(unsigned id)
 {
     const Table& t = table();
     const auto it = t.texts.find(id);
-    return it == t.texts.end() ? QString() : QString::fromUtf8(it->second);
+    // The English text is the key of its translation, so a text keeps its id and gains a translation.
+    return it == t.texts.end() ? QString() : QCoreApplication::translate("TaviStrings", it->second);
 }
 
 bool TaviHasString(unsigned id)
 {
     return table().texts.count(id) != 0;
+}
+
+QList<unsigned> TaviStringIds()
+{
+    QList<unsigned> ids;
+    ids.reserve(qsizetype(table().texts.size()));
+    for (const auto& entry : table().texts)
+        ids.append(entry.first);
+    std::sort(ids.begin(), ids.end());
+    return ids;
 }
 
 QList<unsigned> TaviDuplicateStringIds()

@@ -1,0 +1,325 @@
+// F1 help: every dialog of the library has its page, the pages are well formed, and the help window
+// finds, shows and moves between them.
+#include "DialogHarness.h"
+
+#include "common/HelpWindow.h"
+#include "common/SubnetListDlg.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTabWidget>
+#include <QTextBrowser>
+#include <QToolButton>
+
+namespace {
+
+QString sourceRoot()
+{
+    // TAVI_PUBLIC_HEADER is <root>/tavidlg/include/TaviDlg.h.
+    QDir dir = QFileInfo(QStringLiteral(TAVI_PUBLIC_HEADER)).dir();
+    dir.cdUp();
+    dir.cdUp();
+    return dir.absolutePath();
+}
+
+// Every source file of the library with its text.
+QList<QPair<QString, QString>> librarySources(const QStringList& patterns)
+{
+    QList<QPair<QString, QString>> files;
+    QDirIterator it(sourceRoot() + QStringLiteral("/tavidlg"), patterns, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        QFile file(it.next());
+        if (file.open(QIODevice::ReadOnly))
+            files.append({file.fileName(), QString::fromUtf8(file.readAll())});
+    }
+    return files;
+}
+
+// The body of the class declared at `at` (from its opening brace to the matching one).
+QString classBody(const QString& text, qsizetype at)
+{
+    const qsizetype open = text.indexOf(QLatin1Char('{'), at);
+    int depth = 0;
+    for (qsizetype i = open; open >= 0 && i < text.size(); ++i) {
+        if (text[i] == QLatin1Char('{'))
+            ++depth;
+        else if (text[i] == QLatin1Char('}') && --depth == 0)
+            return text.mid(open, i - open + 1);
+    }
+    return QString();
+}
+
+} // namespace
+
+class tst_Help : public CDialogTest {
+    Q_OBJECT
+private Q_SLOTS:
+    void helpLine_data();
+    void helpLine();
+    void pagesAreWellFormed();
+    void everyContextInTheSourcesHasAPage();
+    void everyDialogClassHasAPage();
+    void f1InEveryEntryPointFindsAPage_data();
+    void f1InEveryEntryPointFindsAPage();
+    void opensAtTheRequestedPage_data();
+    void opensAtTheRequestedPage();
+    void pageOfTheAskingClass();
+    void unknownTopicIsToldAndOpensNothing();
+    void oneWindowPerOwnerWithBackAndForward();
+    void indexJumpsToTheFirstMatch();
+    void searchFindsPagesWithEveryWord_data();
+    void searchFindsPagesWithEveryWord();
+};
+
+void tst_Help::helpLine_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<bool>("valid");
+    QTest::addColumn<QList<unsigned>>("contexts");
+    QTest::newRow("one") << "<!-- help: 2013 -->" << true << QList<unsigned>{2013};
+    QTest::newRow("several, blanks") << "  <!--help:2005 , 2010,2047-->" << true << QList<unsigned>{2005, 2010, 2047};
+    QTest::newRow("none") << "<!-- help: -->" << true << QList<unsigned>{};
+    QTest::newRow("not a number") << "<!-- help: 20x3 -->" << false << QList<unsigned>{};
+    QTest::newRow("hexadecimal is not decimal") << "<!-- help: 0x7DD -->" << false << QList<unsigned>{};
+    QTest::newRow("a title") << "# Quotas" << false << QList<unsigned>{};
+    QTest::newRow("another comment") << "<!-- helps: 1 -->" << false << QList<unsigned>{};
+}
+
+void tst_Help::helpLine()
+{
+    QFETCH(QString, line);
+    QFETCH(bool, valid);
+    QFETCH(QList<unsigned>, contexts);
+    const auto parsed = CHelpCatalog::parseHelpLine(line);
+    QCOMPARE(parsed.has_value(), valid);
+    if (valid)
+        QCOMPARE(*parsed, contexts);
+}
+
+void tst_Help::pagesAreWellFormed()
+{
+    // The built-in pages are docs/help as it stands: none lost, none added by the build.
+    const CHelpCatalog& catalog = CHelpCatalog::builtIn();
+    const QStringList sources = QDir(sourceRoot() + QStringLiteral("/docs/help")).entryList({QStringLiteral("*.md")});
+    QCOMPARE(catalog.pages().size(), sources.size());
+    QVERIFY(catalog.pageNamed(QStringLiteral("index")));
+    QMap<unsigned, QString> owners;
+    static const QRegularExpression link(QStringLiteral(R"(\]\(([^)#:]+)\.md(#[^)]*)?\))"));
+    for (const CHelpPage& page : catalog.pages()) {
+        const QString firstLine = page.text.section(QLatin1Char('\n'), 0, 0);
+        QVERIFY2(CHelpCatalog::parseHelpLine(firstLine), qPrintable(page.name + QStringLiteral(": ") + firstLine));
+        QVERIFY2(page.title != page.name, qPrintable(page.name + QStringLiteral(" has no # title")));
+        for (unsigned context : page.contexts) {
+            // Two pages for one context: F1 would open one of them at random.
+            QVERIFY2(!owners.contains(context), qPrintable(QStringLiteral("%1 in %2 and %3")
+                                                               .arg(context).arg(owners.value(context), page.name)));
+            owners.insert(context, page.name);
+        }
+        for (auto it = link.globalMatch(page.text); it.hasNext();) {
+            const QString target = it.next().captured(1);
+            QVERIFY2(catalog.pageNamed(target), qPrintable(page.name + QStringLiteral(" links to ") + target));
+        }
+    }
+}
+
+void tst_Help::everyContextInTheSourcesHasAPage()
+{
+    // Contexts as dialogs write them: constexpr unsigned kHelpContext... = N; or setHelpContext(N).
+    static const QRegularExpression constant(QStringLiteral(R"(\bkHelpContext\w*\s*=\s*(\d+)\s*;)"));
+    static const QRegularExpression literal(QStringLiteral(R"(\bsetHelpContext\(\s*(\d+)\s*\))"));
+    const CHelpCatalog& catalog = CHelpCatalog::builtIn();
+    int found = 0;
+    for (const auto& [path, text] : librarySources({QStringLiteral("*.cpp"), QStringLiteral("*.h")})) {
+        for (const QRegularExpression* pattern : {&constant, &literal}) {
+            for (auto it = pattern->globalMatch(text); it.hasNext(); ++found) {
+                const unsigned context = it.next().captured(1).toUInt();
+                QVERIFY2(catalog.pageForContext(context),
+                         qPrintable(QStringLiteral("help context %1 of %2 has no page in docs/help").arg(context).arg(path)));
+            }
+        }
+    }
+    QVERIFY2(found >= 7, "the scan found fewer help contexts than the server dialogs alone have");
+}
+
+void tst_Help::everyDialogClassHasAPage()
+{
+    // Every dialog, page, sheet and wizard class needs docs/help/<ClassName>.md; abstract bases do not.
+    static const QRegularExpression declaration(
+        QStringLiteral(R"(\bclass\s+(?:TAVI_EXPORT\s+)?(C\w*?(?:Dlg|Page|Sheet|Wizard(?:_\d+)*))\s*(?:final\s*)?:)"));
+    static const QRegularExpression pureVirtual(QStringLiteral(R"(\)\s*(?:const\s*)?(?:override\s*)?=\s*0\s*;)"));
+    static const QSet<QString> bases{QStringLiteral("CTaviPropertyPage"), QStringLiteral("CTaviPropertySheet")};
+    const CHelpCatalog& catalog = CHelpCatalog::builtIn();
+    QStringList classes;
+    for (const auto& [path, text] : librarySources({QStringLiteral("*.h")})) {
+        for (auto it = declaration.globalMatch(text); it.hasNext();) {
+            const QRegularExpressionMatch match = it.next();
+            const QString name = match.captured(1);
+            if (bases.contains(name) || classBody(text, match.capturedEnd()).contains(pureVirtual))
+                continue;
+            classes.append(name);
+            QVERIFY2(catalog.pageNamed(name), qPrintable(QStringLiteral("%1 (%2) has no docs/help/%1.md").arg(name, path)));
+        }
+    }
+    QVERIFY2(classes.contains(QStringLiteral("CQuotasDlg")) && classes.contains(QStringLiteral("CSubnetListDlg")),
+             qPrintable(classes.join(QLatin1Char(' '))));
+}
+
+void tst_Help::f1InEveryEntryPointFindsAPage_data()
+{
+    QFile header(QStringLiteral(TAVI_PUBLIC_HEADER));
+    QVERIFY(header.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(header.readAll());
+    QTest::addColumn<QString>("entry");
+    static const QRegularExpression plain(QStringLiteral(R"(TAVIDLG_API int (\w+)\(TaviOwner owner, _tMailServer\* server\);)"));
+    for (auto it = plain.globalMatch(text); it.hasNext();) {
+        const QString name = it.next().captured(1);
+        QTest::newRow(qPrintable(name)) << name;
+    }
+}
+
+void tst_Help::f1InEveryEntryPointFindsAPage()
+{
+    // The dialog behind each entry point, as an administrator reaches it: F1 must lead to a page.
+    QFETCH(QString, entry);
+    QString className;
+    Harness::runEntry(entry.toLatin1().constData(), 0, m_store->server(), [&](QDialog* d) {
+        className = QString::fromLatin1(d->metaObject()->className());
+        Harness::pressKey(d, Qt::Key_F1);
+        Harness::pressKey(d, Qt::Key_Escape);
+    });
+    const auto help = m_platform->callsOf(QStringLiteral("help"));
+    QCOMPARE(help.size(), 1);
+    QVERIFY(help[0].style >= 0x20000);
+    const CHelpCatalog& catalog = CHelpCatalog::builtIn();
+    QVERIFY2(catalog.pageForContext(help[0].style - 0x20000) || catalog.pageNamed(className),
+             qPrintable(QStringLiteral("%1 asks for help %2").arg(entry).arg(help[0].style)));
+}
+
+void tst_Help::opensAtTheRequestedPage_data()
+{
+    QTest::addColumn<unsigned>("request");
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("directories") << 133077u << "CDirectoriesDlg" << "Mail directory locations";
+    QTest::newRow("quotas") << 133085u << "CQuotasDlg" << "Quotas";
+    QTest::newRow("service control") << 133082u << "CServiceDlg" << "Service control";
+    QTest::newRow("plain context, no 0x20000") << 2047u << "CFileLogConfigDlg" << "File log";
+}
+
+void tst_Help::opensAtTheRequestedPage()
+{
+    QFETCH(unsigned, request);
+    QFETCH(QString, page);
+    QFETCH(QString, title);
+    QDialog owner;
+    CHelpWindow* help = openHelp(&owner, request);
+    QVERIFY(help);
+    QCOMPARE(help->parentWidget(), &owner);
+    QCOMPARE(help->currentPage(), page);
+    const auto* browser = Harness::control<QTextBrowser>(help, "txtPage");
+    // The Markdown is rendered: the title is there, the help line and the # are not.
+    QVERIFY(browser->toPlainText().startsWith(title));
+    QVERIFY(!browser->toPlainText().contains(QLatin1String("help:")));
+    QVERIFY(help->windowTitle().startsWith(title));
+    // The contents follow the page shown.
+    const auto* contents = Harness::control<QListWidget>(help, "lstContents");
+    QCOMPARE(contents->currentItem()->text(), title);
+    QCOMPARE(m_platform->messages(), QStringList());
+}
+
+void tst_Help::pageOfTheAskingClass()
+{
+    // The subnet list editor's callers give no context; its page is found by its class.
+    _tIp4Subnet* list = nullptr;
+    CSubnetListDlg dialog(nullptr, &list, 0, 0);
+    CHelpWindow* help = openHelp(&dialog, 0x20000);
+    QVERIFY(help);
+    QCOMPARE(help->currentPage(), QStringLiteral("CSubnetListDlg"));
+}
+
+void tst_Help::unknownTopicIsToldAndOpensNothing()
+{
+    QDialog owner;
+    QVERIFY(!openHelp(&owner, 0x20000 + 65535));
+    QCOMPARE(owner.findChildren<CHelpWindow*>().size(), 0);
+    QCOMPARE(m_platform->messages(), QStringList{QStringLiteral("There is no help page for topic 196607.")});
+    QCOMPARE(m_platform->callsOf(QStringLiteral("messageBox"))[0].style, unsigned(Mb::Ok | Mb::IconInformation));
+}
+
+void tst_Help::oneWindowPerOwnerWithBackAndForward()
+{
+    QDialog owner;
+    CHelpWindow* first = openHelp(&owner, 0x20000 + 2013);
+    CHelpWindow* second = openHelp(&owner, 0x20000 + 2056);
+    QCOMPARE(second, first);
+    QCOMPARE(owner.findChildren<CHelpWindow*>().size(), 1);
+    QCOMPARE(first->currentPage(), QStringLiteral("CAgentsDlg"));
+    auto* back = Harness::control<QToolButton>(first, "btnBack");
+    auto* forward = Harness::control<QToolButton>(first, "btnForward");
+    QVERIFY(back->isEnabled());
+    QVERIFY(!forward->isEnabled());
+    back->click();
+    QCOMPARE(first->currentPage(), QStringLiteral("CQuotasDlg"));
+    QVERIFY(!back->isEnabled());
+    forward->click();
+    QCOMPARE(first->currentPage(), QStringLiteral("CAgentsDlg"));
+    // A link between pages is followed in the window, and Back returns from it.
+    Harness::control<QToolButton>(first, "btnHome")->click();
+    QCOMPARE(first->currentPage(), QStringLiteral("index"));
+    auto* browser = Harness::control<QTextBrowser>(first, "txtPage");
+    browser->setSource(QUrl(QStringLiteral("CTrafficCountersDlg.md")));
+    QCOMPARE(first->currentPage(), QStringLiteral("CTrafficCountersDlg"));
+    QVERIFY(browser->toPlainText().startsWith(QLatin1String("Traffic counters")));
+    back->click();
+    QCOMPARE(first->currentPage(), QStringLiteral("index"));
+}
+
+void tst_Help::indexJumpsToTheFirstMatch()
+{
+    QDialog owner;
+    CHelpWindow* help = openHelp(&owner, 0x20000 + 2013);
+    auto* edit = Harness::control<QLineEdit>(help, "edtIndex");
+    auto* index = Harness::control<QListWidget>(help, "lstIndex");
+    QTest::keyClicks(edit, QStringLiteral("mail spool"));
+    QCOMPARE(index->currentItem()->text(), QStringLiteral("Mail spool directory (Mail directory locations)"));
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCOMPARE(help->currentPage(), QStringLiteral("CDirectoriesDlg"));
+    // The page is scrolled to the section: it is what is selected.
+    QCOMPARE(Harness::control<QTextBrowser>(help, "txtPage")->textCursor().selectedText(),
+             QStringLiteral("Mail spool directory"));
+}
+
+void tst_Help::searchFindsPagesWithEveryWord_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QStringList>("titles");
+    // The start page mentions quota warnings too, but not in its title.
+    QTest::newRow("title first") << "quota warnings"
+                                 << QStringList{QStringLiteral("Quotas"), QStringLiteral("Velbrook configuration help")};
+    QTest::newRow("case ignored, every word") << "UNC CLUSTERED" << QStringList{QStringLiteral("Agents")};
+    QTest::newRow("beginning of a word") << "calend" << QStringList{QStringLiteral("Calendaring"), QStringLiteral("Service control"), QStringLiteral("Velbrook configuration help")};
+    QTest::newRow("nothing") << "xyzzy" << QStringList{QStringLiteral("No topic holds these words.")};
+}
+
+void tst_Help::searchFindsPagesWithEveryWord()
+{
+    QFETCH(QString, words);
+    QFETCH(QStringList, titles);
+    QDialog owner;
+    CHelpWindow* help = openHelp(&owner, 0x20000 + 2005);
+    Harness::typeInto(Harness::control<QLineEdit>(help, "edtSearch"), words);
+    Harness::clickButton(help, "btnSearch");
+    auto* results = Harness::control<QListWidget>(help, "lstResults");
+    QStringList shown;
+    for (int row = 0; row < results->count(); ++row)
+        shown.append(results->item(row)->text());
+    QCOMPARE(shown, titles);
+}
+
+QTEST_MAIN(tst_Help)
+#include "tst_help.moc"
