@@ -3,8 +3,16 @@
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
+#include <QtCore/qresource.h>
 
 #include <memory>
+
+// The translations may be asked for while the library is still being loaded into a running
+// application, before the static initialiser that registers them has run; registering twice is harmless.
+static void registerTranslationResources()
+{
+    Q_INIT_RESOURCE(TaviDlg_translations);
+}
 
 namespace {
 
@@ -50,6 +58,7 @@ bool TaviInstallTranslators(const QLocale& locale)
 {
     if (!QCoreApplication::instance())
         return false;
+    registerTranslationResources();
     Translators& t = installed();
     remove(t.own);
     remove(t.qt);
