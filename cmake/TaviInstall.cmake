@@ -95,12 +95,11 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME tavidlg)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "qt6-qpa-plugins")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "qt6-translations-l10n")
-set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "Configuration dialogs and administration console of the Velbrook mail server
- The TaviDlg dialog library, the configuration store library, the administration console
- velbrook-console and the store's command line velbrook-store.")
+# CPack puts the package summary above each component's description.
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "The TaviDlg dialog library, the configuration store library, the administration console
+velbrook-console and the store's command line velbrook-store.")
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME tavidlg-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEV_DESCRIPTION "Development files of the Velbrook configuration dialogs
- Headers, CMake packages (find_package(TaviDlg), find_package(VelbrookStore)) and pkg-config files
- (tavidlg, velbrook-store) for programs that host the TaviDlg dialog library.")
+set(CPACK_COMPONENT_DEV_DESCRIPTION "Development files: headers, CMake packages (find_package(TaviDlg), find_package(VelbrookStore)) and pkg-config files
+(tavidlg, velbrook-store) for programs that host the TaviDlg dialog library.")
 include(CPack)
