@@ -2,6 +2,7 @@
 // dialogs' texts are German where the shipped translation has them; every text without a translation
 // stays exactly as written (typos included), and an English locale changes nothing.
 #include "DialogHarness.h"
+#include "PlainEntryPoints.h"
 
 #include "common/HelpWindow.h"
 #include "res/StringTable.h"
@@ -215,15 +216,11 @@ void tst_Translation::stringTableKeepsIdsAndGainsTranslations()
 
 void tst_Translation::dialogTexts_data()
 {
-    QFile header(QStringLiteral(TAVI_PUBLIC_HEADER));
-    QVERIFY(header.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(header.readAll());
     QTest::addColumn<QString>("entry");
-    static const QRegularExpression plain(QStringLiteral(R"(TAVIDLG_API int (\w+)\(TaviOwner owner, _tMailServer\* server\);)"));
-    for (auto it = plain.globalMatch(text); it.hasNext();) {
-        const QString name = it.next().captured(1);
+    const QStringList entries = Harness::plainEntryPoints();
+    QVERIFY(!entries.isEmpty());
+    for (const QString& name : entries)
         QTest::newRow(qPrintable(name)) << name;
-    }
 }
 
 void tst_Translation::dialogTexts()
