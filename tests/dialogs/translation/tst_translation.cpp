@@ -113,6 +113,27 @@ struct EnglishAfterwards {
     ~EnglishAfterwards() { TaviInstallTranslators(QLocale(QLocale::English, QLocale::UnitedStates)); }
 };
 
+// Opens the dialog of an entry point as a host calls it (the entry points with further arguments
+// with typical ones).
+std::function<int()> opener(const QString& entry, _tMailServer* server)
+{
+    void* address = Harness::resolveEntry(entry.toLatin1().constData());
+    if (entry == QLatin1String("ServiceControlDialog")) {
+        auto call = reinterpret_cast<int (*)(TaviOwner, _tMailServer*, const char*, const char*)>(address);
+        return [=] { return call(0, server, "SMTPRA", "SMTP receiver"); };
+    }
+    if (entry == QLatin1String("EditServerSubnetList")) {
+        auto call = reinterpret_cast<int (*)(TaviOwner, _tMailServer*, const char*, const char*, unsigned)>(address);
+        return [=] { return call(0, server, "SMTPRA", "TrustedSubnets", 0); };
+    }
+    if (entry == QLatin1String("ShowReminder")) {
+        auto call = reinterpret_cast<int (*)(TaviOwner, unsigned, const char*, unsigned, unsigned)>(address);
+        return [=] { return call(0, 57404, "ServerAgentReminder", 57403, 49); };
+    }
+    auto call = reinterpret_cast<int (*)(TaviOwner, _tMailServer*)>(address);
+    return [=] { return call(0, server); };
+}
+
 const QLocale kGerman(QLocale::German, QLocale::Germany);
 const QLocale kEnglish(QLocale::English, QLocale::UnitedStates);
 
@@ -219,7 +240,9 @@ void tst_Translation::dialogTexts_data()
     QTest::addColumn<QString>("entry");
     const QStringList entries = Harness::plainEntryPoints();
     QVERIFY(!entries.isEmpty());
-    for (const QString& name : entries)
+    for (const QString& name : entries + QStringList{QStringLiteral("ServiceControlDialog"),
+                                                     QStringLiteral("EditServerSubnetList"),
+                                                     QStringLiteral("ShowReminder")})
         QTest::newRow(qPrintable(name)) << name;
 }
 
@@ -228,6 +251,7 @@ void tst_Translation::dialogTexts()
     // Every dialog of the library, in English and then in German: a text changes only into its
     // translation, and a text that has a translation does not stay English.
     QFETCH(QString, entry);
+    QVERIFY(Harness::resolveEntry(entry.toLatin1().constData()));
     EnglishAfterwards restore;
     // Qt's own texts (contexts Q...) belong to Qt's widgets; a dialog's text is never one of them.
     QList<TsMessage> german;
@@ -240,7 +264,7 @@ void tst_Translation::dialogTexts()
     const QLocale locales[2] = {kEnglish, kGerman};
     for (int run = 0; run < 2; ++run) {
         TaviInstallTranslators(locales[run]);
-        Harness::runEntry(entry.toLatin1().constData(), 0, m_store->server(), [&](QDialog* d) {
+        Harness::driveModal(opener(entry, m_store->server()), [&](QDialog* d) {
             texts[run] = visibleTexts(d);
             Harness::pressKey(d, Qt::Key_Escape);
         });
