@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
 #include <QTabWidget>
@@ -151,6 +152,38 @@ CHelpWindow::CHelpWindow(QWidget* parent, const CHelpCatalog& catalog) : QDialog
     setWindowFlag(Qt::WindowMinMaxButtonsHint, true);
     setSizeGripEnabled(true);
 
+    // Tab order: the navigation pane, then the page, then the tool bar.
+    m_tabs = new QTabWidget(this);
+    m_tabs->setObjectName(QStringLiteral("tabNavigation"));
+    buildContents();
+    buildIndex();
+    buildSearch();
+    m_browser = new QTextBrowser(this);
+    m_browser->setObjectName(QStringLiteral("txtPage"));
+    m_browser->setOpenLinks(true);
+    m_browser->setOpenExternalLinks(false);
+
+    auto* splitter = new QSplitter(this);
+    splitter->addWidget(m_tabs);
+    splitter->addWidget(m_browser);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({330, 610});
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(buildToolBar());
+    layout->addWidget(splitter, 1);
+    resize(960, 620);
+
+    connect(m_browser, &QTextBrowser::backwardAvailable, m_back, &QToolButton::setEnabled);
+    connect(m_browser, &QTextBrowser::forwardAvailable, m_forward, &QToolButton::setEnabled);
+    connect(m_browser, &QTextBrowser::sourceChanged, this, &CHelpWindow::sourceChanged);
+    for (QListWidget* list : {m_contents, m_index, m_results}) {
+        connect(list, &QListWidget::itemActivated, this, &CHelpWindow::openItem);
+        connect(list, &QListWidget::itemClicked, this, &CHelpWindow::openItem);
+    }
+}
+
+QLayout* CHelpWindow::buildToolBar()
+{
     auto makeButton = [this](const char* name, const QString& text, QStyle::StandardPixmap icon) {
         auto* button = new QToolButton(this);
         button->setObjectName(QLatin1String(name));
@@ -165,22 +198,25 @@ CHelpWindow::CHelpWindow(QWidget* parent, const CHelpCatalog& catalog) : QDialog
     QToolButton* home = makeButton("btnHome", tr("S&tart Page"), QStyle::SP_DirHomeIcon);
     m_back->setEnabled(false);
     m_forward->setEnabled(false);
+    connect(m_back, &QToolButton::clicked, m_browser, &QTextBrowser::backward);
+    connect(m_forward, &QToolButton::clicked, m_browser, &QTextBrowser::forward);
+    connect(home, &QToolButton::clicked, this, [this] {
+        if (const CHelpPage* start = m_catalog.pageNamed(QStringLiteral("index")))
+            showPage(*start);
+    });
+    // The browser's own keys as well (Alt+Left and Alt+Right).
+    connect(new QShortcut(QKeySequence::Back, this), &QShortcut::activated, m_back, &QToolButton::click);
+    connect(new QShortcut(QKeySequence::Forward, this), &QShortcut::activated, m_forward, &QToolButton::click);
     auto* bar = new QHBoxLayout;
     bar->addWidget(m_back);
     bar->addWidget(m_forward);
     bar->addWidget(home);
     bar->addStretch();
+    return bar;
+}
 
-    m_browser = new QTextBrowser(this);
-    m_browser->setObjectName(QStringLiteral("txtPage"));
-    m_browser->setOpenLinks(true);
-    m_browser->setOpenExternalLinks(false);
-
-    m_tabs = new QTabWidget(this);
-    m_tabs->setObjectName(QStringLiteral("tabNavigation"));
-    buildContents();
-    buildIndex();
-
+void CHelpWindow::buildSearch()
+{
     auto* searchPage = new QWidget(m_tabs);
     m_searchEdit = new QLineEdit(searchPage);
     m_searchEdit->setObjectName(QStringLiteral("edtSearch"));
@@ -195,34 +231,8 @@ CHelpWindow::CHelpWindow(QWidget* parent, const CHelpCatalog& catalog) : QDialog
     searchLayout->addWidget(searchButton);
     searchLayout->addWidget(m_results);
     m_tabs->addTab(searchPage, tr("&Search"));
-
-    auto* splitter = new QSplitter(this);
-    splitter->addWidget(m_tabs);
-    splitter->addWidget(m_browser);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({330, 610});
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(bar);
-    layout->addWidget(splitter, 1);
-    resize(960, 620);
-
-    connect(m_back, &QToolButton::clicked, m_browser, &QTextBrowser::backward);
-    connect(m_forward, &QToolButton::clicked, m_browser, &QTextBrowser::forward);
-    connect(home, &QToolButton::clicked, this, [this] {
-        if (const CHelpPage* start = m_catalog.pageNamed(QStringLiteral("index")))
-            showPage(*start);
-    });
-    connect(m_browser, &QTextBrowser::backwardAvailable, m_back, &QToolButton::setEnabled);
-    connect(m_browser, &QTextBrowser::forwardAvailable, m_forward, &QToolButton::setEnabled);
-    connect(m_browser, &QTextBrowser::sourceChanged, this, &CHelpWindow::sourceChanged);
-    connect(m_indexEdit, &QLineEdit::textEdited, this, &CHelpWindow::filterIndex);
-    connect(m_indexEdit, &QLineEdit::returnPressed, this, [this] { openItem(m_index->currentItem()); });
     connect(m_searchEdit, &QLineEdit::returnPressed, this, &CHelpWindow::runSearch);
     connect(searchButton, &QPushButton::clicked, this, &CHelpWindow::runSearch);
-    for (QListWidget* list : {m_contents, m_index, m_results}) {
-        connect(list, &QListWidget::itemActivated, this, &CHelpWindow::openItem);
-        connect(list, &QListWidget::itemClicked, this, &CHelpWindow::openItem);
-    }
 }
 
 CHelpWindow::~CHelpWindow() = default;
@@ -267,6 +277,8 @@ void CHelpWindow::buildIndex()
     layout->addWidget(m_indexEdit);
     layout->addWidget(m_index);
     m_tabs->addTab(indexPage, tr("&Index"));
+    connect(m_indexEdit, &QLineEdit::textEdited, this, &CHelpWindow::filterIndex);
+    connect(m_indexEdit, &QLineEdit::returnPressed, this, [this] { openItem(m_index->currentItem()); });
 }
 
 void CHelpWindow::filterIndex(const QString& text)
@@ -316,6 +328,7 @@ void CHelpWindow::showPage(const CHelpPage& page, const QString& heading)
     if (!heading.isEmpty())
         m_browser->find(heading);
     m_browser->ensureCursorVisible();
+    m_browser->setFocus();
 }
 
 QString CHelpWindow::currentPage() const

@@ -17,6 +17,7 @@
 
 #include <optional>
 
+class QLayout;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
@@ -67,8 +68,10 @@ public:
     QString currentPage() const;
 
 private:
+    QLayout* buildToolBar();
     void buildContents();
     void buildIndex();
+    void buildSearch();
     void filterIndex(const QString& text);
     void runSearch();
     void openItem(QListWidgetItem* item);

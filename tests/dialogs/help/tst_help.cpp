@@ -265,6 +265,12 @@ void tst_Help::oneWindowPerOwnerWithBackAndForward()
     QVERIFY(!back->isEnabled());
     forward->click();
     QCOMPARE(first->currentPage(), QStringLiteral("CAgentsDlg"));
+    // The keys of a browser: Alt+Left goes back, Alt+Right forward.
+    QVERIFY(QTest::qWaitForWindowActive(first));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(first->currentPage(), QStringLiteral("CQuotasDlg"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(first->currentPage(), QStringLiteral("CAgentsDlg"));
     // A link between pages is followed in the window, and Back returns from it.
     Harness::control<QToolButton>(first, "btnHome")->click();
     QCOMPARE(first->currentPage(), QStringLiteral("index"));
