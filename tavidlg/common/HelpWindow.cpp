@@ -1,6 +1,7 @@
 #include "common/HelpWindow.h"
 
 #include "common/PlatformServices.h"
+#include "res/Translation.h"
 
 #include <QCollator>
 #include <QDir>
@@ -19,6 +20,8 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <map>
+#include <memory>
 
 namespace {
 
@@ -30,6 +33,7 @@ CHelpPage readPage(const QString& path)
 {
     CHelpPage page;
     page.name = QFileInfo(path).completeBaseName();
+    page.path = path;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return page;
@@ -49,12 +53,16 @@ CHelpPage readPage(const QString& path)
     return page;
 }
 
-QUrl pageUrl(const QString& folder, const QString& name)
+QUrl pageUrl(const CHelpPage& page)
 {
-    const QString path = folder + QLatin1Char('/') + name + QStringLiteral(".md");
-    if (path.startsWith(QLatin1Char(':')))
-        return QUrl(QStringLiteral("qrc") + path);
-    return QUrl::fromLocalFile(path);
+    if (page.path.startsWith(QLatin1Char(':')))
+        return QUrl(QStringLiteral("qrc") + page.path);
+    return QUrl::fromLocalFile(page.path);
+}
+
+QStringList pageFiles(const QString& folder)
+{
+    return QDir(folder).entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name);
 }
 
 QListWidgetItem* addItem(QListWidget* list, const QString& text, const CHelpPage& page,
@@ -69,18 +77,31 @@ QListWidgetItem* addItem(QListWidget* list, const QString& text, const CHelpPage
 
 } // namespace
 
-CHelpCatalog::CHelpCatalog(const QString& folder) : m_folder(folder)
+CHelpCatalog::CHelpCatalog(const QString& folder, const QString& fallback)
 {
-    const QStringList files = QDir(folder).entryList({QStringLiteral("*.md")}, QDir::Files, QDir::Name);
-    m_pages.reserve(files.size());
+    const QStringList files = pageFiles(folder);
     for (const QString& file : files)
         m_pages.append(readPage(folder + QLatin1Char('/') + file));
+    if (fallback.isEmpty())
+        return;
+    for (const QString& file : pageFiles(fallback)) {
+        if (!files.contains(file))
+            m_pages.append(readPage(fallback + QLatin1Char('/') + file));
+    }
 }
 
 const CHelpCatalog& CHelpCatalog::builtIn()
 {
-    static const CHelpCatalog catalog(QStringLiteral(":/tavidlg/help"));
-    return catalog;
+    static std::map<QString, std::unique_ptr<CHelpCatalog>> catalogs;
+    const QString english = QStringLiteral(":/tavidlg/help");
+    const QString language = TaviTranslationLanguage().section(QLatin1Char('_'), 0, 0);
+    const QString folder = english + QLatin1Char('/') + language;
+    std::unique_ptr<CHelpCatalog>& catalog = catalogs[language];
+    if (!catalog) {
+        catalog = !language.isEmpty() && QDir(folder).exists() ? std::make_unique<CHelpCatalog>(folder, english)
+                                                                : std::make_unique<CHelpCatalog>(english);
+    }
+    return *catalog;
 }
 
 std::optional<QList<unsigned>> CHelpCatalog::parseHelpLine(const QString& line)
@@ -320,7 +341,7 @@ void CHelpWindow::openItem(QListWidgetItem* item)
 
 void CHelpWindow::showPage(const CHelpPage& page, const QString& heading)
 {
-    const QUrl url = pageUrl(m_catalog.folder(), page.name);
+    const QUrl url = pageUrl(page);
     if (m_browser->source() != url)
         m_browser->setSource(url, QTextDocument::MarkdownResource);
     QTextCursor top(m_browser->document());

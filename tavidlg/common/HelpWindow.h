@@ -28,6 +28,7 @@ class QUrl;
 
 struct CHelpPage {
     QString name;          // file name without ".md": the class name of its dialog, or "index"
+    QString path;          // where it is read from
     QString title;
     QList<unsigned> contexts;
     QStringList headings;  // the "## " lines
@@ -36,13 +37,14 @@ struct CHelpPage {
 
 class TAVI_EXPORT CHelpCatalog {
 public:
-    // Reads every *.md page of folder.
-    explicit CHelpCatalog(const QString& folder);
-    // The pages built into the library (read once).
+    // Reads every *.md page of folder; with a fallback folder, also each page of the fallback that
+    // folder has not (the pages of one language over the English ones).
+    explicit CHelpCatalog(const QString& folder, const QString& fallback = QString());
+    // The pages built into the library (read once per language), in the language of the library's
+    // translation in force (":/tavidlg/help/de"), English where a page has no translation.
     static const CHelpCatalog& builtIn();
 
     const QList<CHelpPage>& pages() const { return m_pages; }
-    QString folder() const { return m_folder; }
     // The page answering a dialog's help context (without the 0x20000 of a help request).
     const CHelpPage* pageForContext(unsigned context) const;
     const CHelpPage* pageNamed(const QString& name) const;
@@ -53,7 +55,6 @@ public:
     static std::optional<QList<unsigned>> parseHelpLine(const QString& line);
 
 private:
-    QString m_folder;
     QList<CHelpPage> m_pages;
 };
 

@@ -5,6 +5,7 @@
 
 #include "common/HelpWindow.h"
 #include "common/SubnetListDlg.h"
+#include "res/Translation.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -63,6 +64,8 @@ private Q_SLOTS:
     void helpLine_data();
     void helpLine();
     void pagesAreWellFormed();
+    void translatedPagesMatchTheirOriginals();
+    void pagesInTheLanguageOfTheTranslation();
     void everyContextInTheSourcesHasAPage();
     void everyDialogClassHasAPage();
     void f1InEveryEntryPointFindsAPage_data();
@@ -126,6 +129,45 @@ void tst_Help::pagesAreWellFormed()
             QVERIFY2(catalog.pageNamed(target), qPrintable(page.name + QStringLiteral(" links to ") + target));
         }
     }
+}
+
+void tst_Help::translatedPagesMatchTheirOriginals()
+{
+    // docs/help/<lang>/X.md answers exactly what docs/help/X.md answers, and its links stay in its
+    // language.
+    const QString root = sourceRoot() + QStringLiteral("/docs/help");
+    const CHelpCatalog english(root);
+    static const QRegularExpression link(QStringLiteral(R"(\]\(([^)#:]+)\.md(#[^)]*)?\))"));
+    const QStringList languages = QDir(root).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    QVERIFY(languages.contains(QStringLiteral("de")));
+    for (const QString& language : languages) {
+        const CHelpCatalog translated(root + QLatin1Char('/') + language);
+        for (const CHelpPage& page : translated.pages()) {
+            const QString where = language + QLatin1Char('/') + page.name;
+            const CHelpPage* original = english.pageNamed(page.name);
+            QVERIFY2(original, qPrintable(where + QStringLiteral(" translates no page")));
+            QVERIFY2(page.contexts == original->contexts, qPrintable(where + QStringLiteral(": other help contexts")));
+            QVERIFY2(page.title != page.name, qPrintable(where + QStringLiteral(" has no # title")));
+            for (auto it = link.globalMatch(page.text); it.hasNext();) {
+                const QString target = it.next().captured(1);
+                QVERIFY2(translated.pageNamed(target), qPrintable(where + QStringLiteral(" links to ") + target));
+            }
+        }
+    }
+}
+
+void tst_Help::pagesInTheLanguageOfTheTranslation()
+{
+    // German texts get German pages; the window follows the language in force when it opens.
+    QDialog owner;
+    QVERIFY(TaviInstallTranslators(QLocale(QLocale::German, QLocale::Germany)));
+    CHelpWindow* help = openHelp(&owner, 0x20000 + 2013);
+    const QString german = Harness::control<QTextBrowser>(help, "txtPage")->toPlainText();
+    delete help;
+    TaviInstallTranslators(QLocale(QLocale::English, QLocale::UnitedStates));
+    QVERIFY2(german.startsWith(QLatin1String("Kontingente\n")), qPrintable(german.left(40)));
+    help = openHelp(&owner, 0x20000 + 2013);
+    QVERIFY(Harness::control<QTextBrowser>(help, "txtPage")->toPlainText().startsWith(QLatin1String("Quotas\n")));
 }
 
 void tst_Help::everyContextInTheSourcesHasAPage()

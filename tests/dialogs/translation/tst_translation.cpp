@@ -180,7 +180,7 @@ void tst_Translation::helpWindowAndErrorBox_data()
     QTest::addColumn<QStringList>("texts");
     QTest::addColumn<QString>("error");
     QTest::newRow("German") << kGerman
-                            << QStringList{QStringLiteral("Quotas - Velbrook-Hilfe"), QStringLiteral("&Zurück"),
+                            << QStringList{QStringLiteral("Kontingente - Velbrook-Hilfe"), QStringLiteral("&Zurück"),
                                            QStringLiteral("&Vorwärts"), QStringLiteral("&Inhalt"),
                                            QStringLiteral("In&dex"), QStringLiteral("&Suchen"),
                                            QStringLiteral("&Themen auflisten")}
@@ -201,7 +201,7 @@ void tst_Translation::helpWindowAndErrorBox()
     EnglishAfterwards restore;
     TaviInstallTranslators(locale);
     QDialog owner;
-    // The page titles are the pages' own (the pages are English); the window's frame is translated.
+    // The window and its page, in the language of the translation.
     CHelpWindow* help = openHelp(&owner, 0x20000 + 2013);
     QVERIFY(help);
     const auto* tabs = Harness::control<QTabWidget>(help, "tabNavigation");
