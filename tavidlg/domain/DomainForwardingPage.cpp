@@ -113,10 +113,10 @@ bool CDomainForwardingPage::apply()
     const QString host = m_hostEdit->text();
     if (host != m_host) {
         if (!IsValidHostName(host.toUtf8().constData())) {
-            taviMessageBox(TaviString(IDS_DOMAIN_BAD_HOST), Mb::Ok);
             m_sheet->setActivePage(this);
             m_hostEdit->setFocus();
             m_hostEdit->selectAll();
+            taviMessageBox(TaviString(IDS_DOMAIN_BAD_HOST), Mb::Ok);
             return false;
         }
         if (m_sheet->setText("ForwardingHost", host))

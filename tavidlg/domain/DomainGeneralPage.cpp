@@ -419,9 +419,9 @@ bool CDomainGeneralPage::applyDirectory(QLineEdit* edit, const char* property, Q
     if (path == member)
         return true;
     if (IsLocalMachine(m_sheet->server()) && isOnNetworkDrive(path)) {
-        taviMessageBox(TaviString(IDS_DOMAIN_NETWORK_DRIVE), Mb::Ok);
         m_sheet->setActivePage(this);
         edit->setFocus();
+        taviMessageBox(TaviString(IDS_DOMAIN_NETWORK_DRIVE), Mb::Ok);
         return false;
     }
     // A failed write is silent: the field goes back to the value as stored.

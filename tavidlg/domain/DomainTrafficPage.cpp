@@ -64,7 +64,7 @@ CDomainTrafficPage::CDomainTrafficPage(CDomainSheet* sheet) : CTaviPropertyPage(
     m_resetButton = new QPushButton(tr("&Reset"), this);
     m_resetButton->setObjectName(QStringLiteral("btnReset"));
     m_statusLabel = new QLabel(this);
-    m_statusLabel->setObjectName(QStringLiteral("lblDomainStatus"));
+    m_statusLabel->setObjectName(QStringLiteral("lblTrafficStatus"));
     m_statusLabel->setTextFormat(Qt::PlainText);
 
     auto* top = new QHBoxLayout;
