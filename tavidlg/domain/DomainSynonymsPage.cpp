@@ -150,9 +150,9 @@ QString CDomainSynonymsPage::acceptableName(int except)
 {
     const QString name = m_nameEdit->text().trimmed();
     const auto refuse = [this](unsigned id, const QStringList& inserts) {
-        taviMessageBox(TaviFormat(TaviString(id), inserts), Mb::Ok | Mb::IconExclamation);
         m_nameEdit->setFocus();
         m_nameEdit->selectAll();
+        taviMessageBox(TaviFormat(TaviString(id), inserts), Mb::Ok | Mb::IconExclamation);
         return QString();
     };
     if (!isDomainName(name))

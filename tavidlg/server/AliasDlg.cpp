@@ -393,10 +393,17 @@ bool CAliasDlg::takeInputs(QString& alias, QString& target)
     QLineEdit* bad = !isValidAliasText(alias) ? m_aliasEdit : !isValidAliasText(target) ? m_targetEdit : nullptr;
     if (!bad)
         return true;
-    taviMessageBox(TaviString(IDS_ALIAS_INVALID), Mb::Ok | Mb::IconExclamation);
     bad->setFocus();
     bad->selectAll();
+    taviMessageBox(TaviString(IDS_ALIAS_INVALID), Mb::Ok | Mb::IconExclamation);
     return false;
+}
+
+void CAliasDlg::refuseDuplicate(const QString& alias)
+{
+    m_aliasEdit->setFocus();
+    m_aliasEdit->selectAll();
+    taviMessageBox(TaviFormat(TaviString(IDS_ALIAS_DUPLICATE), {alias}), Mb::Ok | Mb::IconExclamation);
 }
 
 void CAliasDlg::setChanged()
@@ -412,9 +419,7 @@ void CAliasDlg::onAdd()
     if (!takeInputs(alias, target))
         return;
     if (m_model->contains(alias)) {
-        taviMessageBox(TaviFormat(TaviString(IDS_ALIAS_DUPLICATE), {alias}), Mb::Ok | Mb::IconExclamation);
-        m_aliasEdit->setFocus();
-        m_aliasEdit->selectAll();
+        refuseDuplicate(alias);
         return;
     }
     m_model->append({alias, target});
@@ -436,9 +441,7 @@ void CAliasDlg::onModify()
     if (row < 0 || !takeInputs(alias, target))
         return;
     if (fold(alias) != fold(m_model->row(row).alias) && m_model->contains(alias)) {
-        taviMessageBox(TaviFormat(TaviString(IDS_ALIAS_DUPLICATE), {alias}), Mb::Ok | Mb::IconExclamation);
-        m_aliasEdit->setFocus();
-        m_aliasEdit->selectAll();
+        refuseDuplicate(alias);
         return;
     }
     m_model->replace(row, {alias, target});

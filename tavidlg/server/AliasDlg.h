@@ -48,6 +48,7 @@ private:
     // The two edits' texts when they make a valid entry (else the person is told and empty texts).
     bool takeInputs(QString& alias, QString& target);
     int currentSourceRow() const;
+    void refuseDuplicate(const QString& alias);
     void setChanged();
 
     CAliasTableModel* m_model = nullptr;
