@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <velbrook/DomainStore.h>
@@ -167,6 +168,8 @@ void CDomainGeneralPage::buildQuotaGroup()
                                    m_quotaGroup), "lblQuotaNote");
     m_realTimeCheck = named(new QCheckBox(tr("Track domain size in real time"), m_quotaGroup), "chkQuotaRealTime");
     m_realTimeNote = named(new QLabel(tr("(not recommended for large or busy domains)"), m_quotaGroup), "lblQuotaRealTimeNote");
+    m_realTimeNote->setIndent(m_realTimeCheck->style()->pixelMetric(QStyle::PM_IndicatorWidth)
+                              + m_realTimeCheck->style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
     connect(m_realTimeCheck, &QCheckBox::clicked, this, &CDomainGeneralPage::markModified);
     const QString labels[QuotaFieldCount] = {tr("&Domain quota limit (kB):"), tr("D&omain warning level (kB):"),
                                              tr("Default mailbox &quota limit (kB):"),
@@ -266,6 +269,8 @@ void CDomainGeneralPage::initPage()
     // Hidden fields are filled all the same: their unchanged text writes nothing.
     m_mailboxRootEdit->setText(m_mailboxRoot);
     m_listRootEdit->setText(m_listRoot);
+    m_mailboxRootEdit->setCursorPosition(0);
+    m_listRootEdit->setCursorPosition(0);
     m_maxMailboxesEdit->setText(domainCountText(m_maxMailboxes));
     m_maxListsEdit->setText(domainCountText(m_maxLists));
     if (version < 3) {

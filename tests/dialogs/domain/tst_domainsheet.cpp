@@ -15,8 +15,10 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QApplication>
+#include <QAbstractButton>
 
 #include <velbrook/DomainStore.h>
+#include <velbrook/MailboxStore.h>
 
 namespace {
 constexpr char kSales[] = "sales.brennoway.example";
@@ -73,6 +75,8 @@ private Q_SLOTS:
     void cannotOpen();
     void captionAndApplyNow();
     void cancelWritesNothing();
+    void pagesNotClipped_data();
+    void pagesNotClipped();
 
 private:
     std::unique_ptr<CDomainSheet> openSheet(const char* name);
@@ -485,6 +489,52 @@ void tst_DomainSheet::cancelWritesNothing()
     QCOMPARE(result, 2);
     QCOMPARE(m_store->calls("SetDomainProperty"), 0u);
     QCOMPARE(m_store->calls("CreateDomainSynonym"), 0u);
+}
+
+// Every page at format versions 2 and 5: no label, check box, radio or push button is narrower than
+// its text needs. With TAVI_SCREENSHOT_DIR set, each page is also saved there as a picture.
+void tst_DomainSheet::pagesNotClipped_data()
+{
+    QTest::addColumn<quint32>("version");
+    QTest::addRow("v2") << 2u;
+    QTest::addRow("v5") << 5u;
+}
+
+void tst_DomainSheet::pagesNotClipped()
+{
+    QFETCH(quint32, version);
+    QVERIFY(m_store->setNumber(nullptr, "RegistryFormatVersion", version));
+    QVERIFY(setHostAddresses(*m_store, QByteArray("192.0.2.25\0" "203.0.113.9\0", 24)));
+    QVERIFY(CreateDomainSynonym(*m_store, kSales, "shop.brennoway.example"));
+    for (const char* alias : {"david", "d.lin", "sales"}) {
+        _tMailbox* mailbox = OpenMailbox(*m_store, alias[0] == 'd' ? "dave@sales.brennoway.example" : "orders@sales.brennoway.example");
+        QVERIFY(mailbox && CreateMailboxAlias(mailbox, alias));
+        CloseMailbox(mailbox);
+    }
+    auto sheet = openSheet(kSales);
+    QVERIFY(sheet);
+    const QString shots = qEnvironmentVariable("TAVI_SCREENSHOT_DIR");
+    QStringList clipped;
+    for (int i = 0; i < sheet->pageCount(); ++i) {
+        QVERIFY(sheet->setActivePage(i));
+        QCoreApplication::processEvents();
+        CTaviPropertyPage* page = sheet->page(i);
+        for (QWidget* w : page->findChildren<QWidget*>()) {
+            if (!w->isVisibleTo(page) || !(qobject_cast<QLabel*>(w) || qobject_cast<QAbstractButton*>(w)))
+                continue;
+            auto* label = qobject_cast<QLabel*>(w);
+            if (label && label->wordWrap())
+                continue;
+            if (w->width() < w->minimumSizeHint().width() || w->height() < w->minimumSizeHint().height())
+                clipped << page->objectName() + QLatin1Char('/') + w->objectName();
+        }
+        if (!shots.isEmpty()) {
+            const QString name = QStringLiteral("%1/%2-v%3.png").arg(shots, page->objectName().mid(1)).arg(version);
+            QVERIFY(sheet->grab().save(name));
+        }
+    }
+    QCOMPARE(clipped, QStringList());
+    sheet->reject();
 }
 
 QTEST_MAIN(tst_DomainSheet)
