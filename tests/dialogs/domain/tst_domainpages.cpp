@@ -1,5 +1,6 @@
 // The domain sheet's forwarding, traffic, synonyms and aliases pages.
 #include "DialogHarness.h"
+#include "DomainTestStore.h"
 
 #include "domain/DomainAliasesPage.h"
 #include "domain/DomainForwardingPage.h"
@@ -21,39 +22,6 @@
 namespace {
 constexpr char kSales[] = "sales.brennoway.example";
 constexpr char kLab[] = "lab.example.org";
-
-std::optional<quint32> domainNumber(_tMailServer* server, const char* domain, const char* name)
-{
-    _tDomain* d = OpenDomain(server, domain);
-    if (!d)
-        return std::nullopt;
-    uint32_t value = 0, size = 4;
-    const bool read = GetDomainProperty(d, name, &value, &size, nullptr) != 0;
-    CloseDomain(d);
-    return read ? std::optional<quint32>(value) : std::nullopt;
-}
-
-bool setDomainNumber(_tMailServer* server, const char* domain, const char* name, quint32 value)
-{
-    _tDomain* d = OpenDomain(server, domain);
-    const uint32_t v = value;
-    const bool ok = d && SetDomainProperty(d, VB_TYPE_DWORD, name, &v, 4);
-    if (d)
-        CloseDomain(d);
-    return ok;
-}
-
-QString domainText(_tMailServer* server, const char* domain, const char* name)
-{
-    _tDomain* d = OpenDomain(server, domain);
-    char value[512] = {};
-    uint32_t size = sizeof value;
-    if (d && !GetDomainProperty(d, name, value, &size, nullptr))
-        value[0] = '\0';
-    if (d)
-        CloseDomain(d);
-    return QString::fromUtf8(value);
-}
 
 QStringList synonymsOf(_tMailServer* server, const char* domain)
 {
@@ -127,7 +95,7 @@ void tst_DomainPages::forwardingProposesOwnName()
     QCOMPARE(host->text(), QString());
     sheet->okButton()->click();
     QCOMPARE(sheet->result(), 1);
-    QCOMPARE(domainText(*m_store, kSales, "ForwardingHost"), QString());
+    QCOMPARE(DomainTestStore::text(*m_store, kSales, "ForwardingHost"), QString());
     QCOMPARE(m_store->calls("SetDomainProperty"), 0u);
 }
 
@@ -154,8 +122,8 @@ void tst_DomainPages::forwardingBadHostRefused()
     sheet->okButton()->click();
     if (accepted) {
         QCOMPARE(sheet->result(), 1);
-        QCOMPARE(domainText(*m_store, kSales, "ForwardingHost"), host);
-        QCOMPARE(domainNumber(*m_store, kSales, "ForwardingEnabled"), std::optional<quint32>(1u));
+        QCOMPARE(DomainTestStore::text(*m_store, kSales, "ForwardingHost"), host);
+        QCOMPARE(DomainTestStore::number(*m_store, kSales, "ForwardingEnabled"), std::optional<quint32>(1u));
         QCOMPARE(m_platform->messages(), QStringList());
         return;
     }
@@ -168,7 +136,7 @@ void tst_DomainPages::forwardingBadHostRefused()
 
 void tst_DomainPages::forwardingDisabledKeepsHost()
 {
-    QVERIFY(setDomainNumber(*m_store, kSales, "ForwardingEnabled", 1));
+    QVERIFY(DomainTestStore::setNumber(*m_store, kSales, "ForwardingEnabled", 1));
     _tDomain* d = OpenDomain(*m_store, kSales);
     QVERIFY(SetDomainProperty(d, VB_TYPE_STRING, "ForwardingHost", "relay.example.net", 18));
     CloseDomain(d);
@@ -180,8 +148,8 @@ void tst_DomainPages::forwardingDisabledKeepsHost()
     QVERIFY(!host->isEnabled() && !Harness::control<QPushButton>(sheet.get(), "btnRetry")->isEnabled());
     QCOMPARE(host->text(), QStringLiteral("relay.example.net"));
     sheet->okButton()->click();
-    QCOMPARE(domainNumber(*m_store, kSales, "ForwardingEnabled"), std::optional<quint32>(0u));
-    QCOMPARE(domainText(*m_store, kSales, "ForwardingHost"), QStringLiteral("relay.example.net"));
+    QCOMPARE(DomainTestStore::number(*m_store, kSales, "ForwardingEnabled"), std::optional<quint32>(0u));
+    QCOMPARE(DomainTestStore::text(*m_store, kSales, "ForwardingHost"), QStringLiteral("relay.example.net"));
 }
 
 // The retry button asks the server to retry the host now, and says so; a failure is reported.
@@ -209,10 +177,10 @@ void tst_DomainPages::retryRequested()
 // Counters are shown as signed decimals; a domain never measured shows "unknown".
 void tst_DomainPages::trafficShown()
 {
-    QVERIFY(setDomainNumber(*m_store, kSales, "SMTPBytesSent", 2147483648u));
-    QVERIFY(setDomainNumber(*m_store, kSales, "POPBytesReceived", 77));
-    QVERIFY(setDomainNumber(*m_store, kSales, "QuotaLastChecked", 0));
-    QVERIFY(setDomainNumber(*m_store, kSales, "StatisticsDate", 0));
+    QVERIFY(DomainTestStore::setNumber(*m_store, kSales, "SMTPBytesSent", 2147483648u));
+    QVERIFY(DomainTestStore::setNumber(*m_store, kSales, "POPBytesReceived", 77));
+    QVERIFY(DomainTestStore::setNumber(*m_store, kSales, "QuotaLastChecked", 0));
+    QVERIFY(DomainTestStore::setNumber(*m_store, kSales, "StatisticsDate", 0));
     auto sheet = openOn(kSales, &CDomainSheet::trafficPage);
     QVERIFY(sheet);
     QCOMPARE(Harness::control<QLabel>(sheet.get(), "lblSmtpBytesSent")->text(), QStringLiteral("-2147483648"));
@@ -227,7 +195,7 @@ void tst_DomainPages::trafficShown()
 void tst_DomainPages::trafficResetSurvivesCancel()
 {
     for (const char* counter : kCounters)
-        QVERIFY(setDomainNumber(*m_store, kSales, counter, 1234));
+        QVERIFY(DomainTestStore::setNumber(*m_store, kSales, counter, 1234));
     auto sheet = openOn(kSales, &CDomainSheet::trafficPage);
     QVERIFY(sheet);
     QCOMPARE(Harness::control<QLabel>(sheet.get(), "lblRcptCommands")->text(), QStringLiteral("1234"));
@@ -241,8 +209,8 @@ void tst_DomainPages::trafficResetSurvivesCancel()
     sheet->reject();
     QCOMPARE(sheet->result(), 2);
     for (const char* counter : kCounters)
-        QCOMPARE(domainNumber(*m_store, kSales, counter), std::optional<quint32>(0u));
-    QCOMPARE(domainNumber(*m_store, kSales, "StatisticsDate"),
+        QCOMPARE(DomainTestStore::number(*m_store, kSales, counter), std::optional<quint32>(0u));
+    QCOMPARE(DomainTestStore::number(*m_store, kSales, "StatisticsDate"),
              std::optional<quint32>(quint32(m_platform->now.toSecsSinceEpoch())));
     QCOMPARE(m_platform->messages(), QStringList());
 }

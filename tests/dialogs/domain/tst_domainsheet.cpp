@@ -2,6 +2,7 @@
 // default domain, count and quota parsing, the bound-address list, Apply's writes, reports and
 // refusals, and the sheet's open, caption and Apply Now.
 #include "DialogHarness.h"
+#include "DomainTestStore.h"
 
 #include "domain/DomainGeneralPage.h"
 #include "domain/DomainSheet.h"
@@ -22,29 +23,6 @@
 
 namespace {
 constexpr char kSales[] = "sales.brennoway.example";
-
-std::optional<quint32> domainNumber(_tMailServer* server, const char* domain, const char* name)
-{
-    _tDomain* d = OpenDomain(server, domain);
-    if (!d)
-        return std::nullopt;
-    uint32_t value = 0, size = 4;
-    const bool read = GetDomainProperty(d, name, &value, &size, nullptr) != 0;
-    CloseDomain(d);
-    return read ? std::optional<quint32>(value) : std::nullopt;
-}
-
-QString domainText(_tMailServer* server, const char* domain, const char* name)
-{
-    _tDomain* d = OpenDomain(server, domain);
-    char value[512] = {};
-    uint32_t size = sizeof value;
-    if (d && !GetDomainProperty(d, name, value, &size, nullptr))
-        value[0] = '\0';
-    if (d)
-        CloseDomain(d);
-    return QString::fromUtf8(value);
-}
 
 bool setHostAddresses(_tMailServer* server, const QByteArray& multi)
 {
@@ -213,7 +191,7 @@ void tst_DomainSheet::defaultDomain()
     Harness::typeInto(ctl<QLineEdit>(sheet.get(), "edtMailInBoxDir"), QStringLiteral("  /srv/mail/boxes "));
     sheet->okButton()->click();
     QCOMPARE(sheet->result(), 1);
-    QCOMPARE(domainText(*m_store, "brennoway.example", "MailInBoxDir"), QStringLiteral("/srv/mail/boxes"));
+    QCOMPARE(DomainTestStore::text(*m_store, "brennoway.example", "MailInBoxDir"), QStringLiteral("/srv/mail/boxes"));
     QVERIFY(m_store->number(nullptr, "CriticalPropertiesChanged"));
     QCOMPARE(m_store->calls("SetDomainProperty"), 1u); // no address written for the default domain
 }
@@ -286,7 +264,7 @@ void tst_DomainSheet::countsAndQuotasParsed()
     }
     QVERIFY(sheet->applyButton()->isEnabled());
     sheet->applyButton()->click();
-    QCOMPARE(domainNumber(*m_store, kSales, property.constData()), std::optional<quint32>(stored));
+    QCOMPARE(DomainTestStore::number(*m_store, kSales, property.constData()), std::optional<quint32>(stored));
     QCOMPARE(combo ? combo->currentText() : static_cast<QLineEdit*>(field)->text(), shown);
     QCOMPARE(m_store->calls("SetDomainProperty"), writesBefore + 1);
     QCOMPARE(m_platform->messages(), QStringList());
@@ -319,11 +297,11 @@ void tst_DomainSheet::addressChangeWritten()
     combo->setCurrentIndex(combo->findText(QStringLiteral("<none>")));
     Q_EMIT combo->activated(combo->currentIndex());
     sheet->applyButton()->click();
-    QCOMPARE(domainText(*m_store, kSales, "IpAddress"), QString());
+    QCOMPARE(DomainTestStore::text(*m_store, kSales, "IpAddress"), QString());
     combo->setCurrentIndex(combo->findText(QStringLiteral("203.0.113.9")));
     Q_EMIT combo->activated(combo->currentIndex());
     sheet->okButton()->click();
-    QCOMPARE(domainText(*m_store, kSales, "IpAddress"), QStringLiteral("203.0.113.9"));
+    QCOMPARE(DomainTestStore::text(*m_store, kSales, "IpAddress"), QStringLiteral("203.0.113.9"));
 }
 
 // A failed quota write is reported with its own context and the field shows the stored value again;
@@ -342,9 +320,9 @@ void tst_DomainSheet::failedQuotaWriteReportedAndApplyGoesOn()
     QCOMPARE(messages.size(), 1);
     QVERIFY2(messages[0].startsWith(QLatin1String("Cannot set quota limit\nError: 5\n")), qPrintable(messages[0]));
     QCOMPARE(ctl<QComboBox>(sheet.get(), "cboQuotaLimit")->currentText(), QStringLiteral("default"));
-    QCOMPARE(domainNumber(*m_store, kSales, "QuotaLimit"), std::optional<quint32>(4294967295u));
-    QCOMPARE(domainNumber(*m_store, kSales, "QuotaTrigger"), std::optional<quint32>(4000u));
-    QCOMPARE(domainNumber(*m_store, kSales, "QuotaRealTime"), std::optional<quint32>(1u));
+    QCOMPARE(DomainTestStore::number(*m_store, kSales, "QuotaLimit"), std::optional<quint32>(4294967295u));
+    QCOMPARE(DomainTestStore::number(*m_store, kSales, "QuotaTrigger"), std::optional<quint32>(4000u));
+    QCOMPARE(DomainTestStore::number(*m_store, kSales, "QuotaRealTime"), std::optional<quint32>(1u));
 }
 
 // A root directory on a network drive of this machine is refused before it or anything after it is
@@ -469,7 +447,7 @@ void tst_DomainSheet::captionAndApplyNow()
                  && title.size() > int(qstrlen(kSales)) + 4, qPrintable(title));
     QCOMPARE(opensAfter, opensBefore + 1);
     QVERIFY(closeShown);
-    QCOMPARE(domainNumber(*m_store, kSales, "MaxMailboxes"), std::optional<quint32>(42u));
+    QCOMPARE(DomainTestStore::number(*m_store, kSales, "MaxMailboxes"), std::optional<quint32>(42u));
 }
 
 void tst_DomainSheet::cancelWritesNothing()
