@@ -8,6 +8,7 @@
 #include "res/StringTable.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -67,7 +68,7 @@ CDomainSynonymsPage::CDomainSynonymsPage(CDomainSheet* sheet) : CTaviPropertyPag
     m_nameEdit->setObjectName(QStringLiteral("edtSynonym"));
     m_nameEdit->setMaxLength(255);
     nameLabel->setBuddy(m_nameEdit);
-    m_addButton = new QPushButton(tr("&Add"), this);
+    m_addButton = new QPushButton(tr("A&dd"), this);
     m_addButton->setObjectName(QStringLiteral("btnAdd"));
     m_renameButton = new QPushButton(tr("Re&name"), this);
     m_renameButton->setObjectName(QStringLiteral("btnRename"));
@@ -92,12 +93,25 @@ CDomainSynonymsPage::CDomainSynonymsPage(CDomainSheet* sheet) : CTaviPropertyPag
     connect(m_addButton, &QPushButton::clicked, this, &CDomainSynonymsPage::onAdd);
     connect(m_renameButton, &QPushButton::clicked, this, &CDomainSynonymsPage::onRename);
     connect(m_deleteButton, &QPushButton::clicked, this, &CDomainSynonymsPage::onDelete);
-    connect(m_nameEdit, &QLineEdit::returnPressed, this, &CDomainSynonymsPage::onAdd);
+    m_nameEdit->installEventFilter(this);
     connect(m_nameEdit, &QLineEdit::textChanged, this, &CDomainSynonymsPage::updateButtons);
     connect(m_list, &QListWidget::itemSelectionChanged, this, &CDomainSynonymsPage::onSelectionChanged);
 }
 
 CDomainSynonymsPage::~CDomainSynonymsPage() = default;
+
+bool CDomainSynonymsPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_nameEdit && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            if (m_addButton->isEnabled())
+                onAdd();
+            return true;
+        }
+    }
+    return CTaviPropertyPage::eventFilter(watched, event);
+}
 
 void CDomainSynonymsPage::initPage()
 {

@@ -22,6 +22,8 @@ public:
 protected:
     void initPage() override;
     bool apply() override;
+    // Enter in the name field adds the name instead of pressing the sheet's OK.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void reload();
