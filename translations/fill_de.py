@@ -2,7 +2,8 @@
 """Fills tavidlg_de.ts from the German texts below (context, English) -> German, after lupdate.
 
 Run `cmake --build <build> --target tavi_lupdate` first; then `translations/fill_de.py` writes every
-translation it knows and lists the texts that still have none. Texts the table does not know keep what
+translation it knows and prints the texts that still have none as entries for the table below (exit
+status 1 while there are any). Texts the table does not know keep what
 a translator wrote in Qt Linguist.
 """
 import sys
@@ -262,6 +263,126 @@ GERMAN = {
     (None, "Mailbox properties"): "Postfacheigenschaften",
     (None, "Mailbox address lists"): "Adresslisten des Postfachs",
     (None, "Mailing list properties"): "Mailinglisteneigenschaften",
+    # Server aliases
+    ("CAliasDlg", "Alias"): "Alias",
+    ("CAliasDlg", "Stands for"): "Steht für",
+    ("CAliasDlg", "Aliases on %1"): "Aliasse auf %1",
+    ("CAliasDlg", "&Alias (address or domain):"): "&Alias (Adresse oder Domäne):",
+    ("CAliasDlg", "&Stands for:"): "&Steht für:",
+    (None, "A&dd"): "&Hinzufügen",
+    (None, "De&lete"): "&Löschen",
+    (None, "&Find:"): "Su&chen:",
+    (None, "E&xport..."): "E&xportieren...",
+    (None, "The alias %1 is already in the list."): "Der Alias %1 steht bereits in der Liste.",
+    (None, "Enter an alias and the address it stands for. Neither may be empty, longer than 255 characters, "
+           "or contain blanks, commas, double quotes or control characters."):
+        "Geben Sie einen Alias und die Adresse ein, für die er steht. Keines von beiden darf leer oder länger "
+        "als 255 Zeichen sein oder Leerzeichen, Kommas, doppelte Anführungszeichen oder Steuerzeichen enthalten.",
+    (None, "Cannot read the server's aliases."): "Die Aliasse des Servers können nicht gelesen werden.",
+    (None, "Cannot save the server's aliases."): "Die Aliasse des Servers können nicht gespeichert werden.",
+    (None, "There were %1 errors when processing the file.\n\nPress OK to keep the %2 aliases that were read, "
+           "or Cancel to keep the list as it was."):
+        "Beim Verarbeiten der Datei traten %1 Fehler auf.\n\nKlicken Sie auf OK, um die %2 gelesenen Aliasse zu "
+        "übernehmen, oder auf Abbrechen, um die Liste unverändert zu lassen.",
+    (None, "There were I/O errors when processing the file %1."):
+        "Beim Verarbeiten der Datei %1 traten Ein-/Ausgabefehler auf.",
+    (None, "%1 aliases"): "%1 Aliasse",
+    (None, "%1 of %2 aliases"): "%1 von %2 Aliassen",
+    # The domain sheet
+    (None, "Cannot open domain %1."): "Die Domäne %1 kann nicht geöffnet werden.",
+    (None, "%1 on "): "%1 auf ",
+    (None, "General"): "Allgemein",
+    (None, "Mailbox &root directory:"): "&Stammverzeichnis der Postfächer:",
+    (None, "&Browse..."): "D&urchsuchen...",
+    (None, "Multi-level mailbox directories"): "Mehrstufige Postfachverzeichnisse",
+    (None, "IP &Address:"): "IP-&Adresse:",
+    (None, "&Copy local failure reports for this domain to postmaster "):
+        "Lokale Fehlerberichte dieser Domäne in &Kopie an den Postmaster ",
+    (None, "Max mailbo&xes:"): "Max. Post&fächer:",
+    (None, "Max mail &lists:"): "Max. Mail&listen:",
+    (None, "Enable calendaring for all mailboxes in this domain"):
+        "Kalenderfunktion für alle Postfächer dieser Domäne aktivieren",
+    (None, "Disable calendaring for this domain"): "Kalenderfunktion für diese Domäne deaktivieren",
+    (None, "Enable calendaring for configured mailboxes in this domain"):
+        "Kalenderfunktion für eingerichtete Postfächer dieser Domäne aktivieren",
+    (None, "Mail list root directory:"): "Stammverzeichnis der Mailinglisten:",
+    (None, "Domain Quotas"): "Domänenkontingente",
+    (None, "Track domain size in real time"): "Domänengröße in Echtzeit verfolgen",
+    (None, "(not recommended for large or busy domains)"): "(nicht empfohlen für große oder stark genutzte Domänen)",
+    (None, "&Domain quota limit (kB):"): "&Domänenkontingent (kB):",
+    (None, "D&omain warning level (kB):"): "Domänen-&Warnstufe (kB):",
+    (None, "Default mailbox &quota limit (kB):"): "Standard-&Postfachkontingent (kB):",
+    (None, "Default mailbox &warning level (kB):"): "Standard-Postfach-Wa&rnstufe (kB):",
+    (None, "Domain size: %ukB (%u messages) in %u mailboxes\r\n(Last verified: %s)."):
+        "Domänengröße: %ukB (%u Nachrichten) in %u Postfächern\r\n(Zuletzt geprüft: %s).",
+    (None, "NOTE - there are currently %1 mailboxes in the domain."):
+        "HINWEIS - die Domäne enthält derzeit %1 Postfächer.",
+    (None, "NOTE - there are currently %1 mail lists in the domain."):
+        "HINWEIS - die Domäne enthält derzeit %1 Mailinglisten.",
+    (None, "Warning!  Any existing mailbox directories will be inaccessible.\n"
+           "Please use the TVCVTDIR utility to convert existing mailbox directories."):
+        "Achtung!  Vorhandene Postfachverzeichnisse werden unzugänglich.\n"
+        "Bitte wandeln Sie vorhandene Postfachverzeichnisse mit dem Programm TVCVTDIR um.",
+    (None, "When using a clustered configuration, you should specify a UNC path for the mailbox root directory.  "
+           "Otherwise, the directory may be inaccessible to the other mail servers in the cluster.\n\n You should "
+           "only specify a drive letter if using the Registry connector."):
+        "In einer Cluster-Konfiguration sollten Sie für das Stammverzeichnis der Postfächer einen UNC-Pfad "
+        "angeben.  Andernfalls ist das Verzeichnis für die anderen Mailserver des Clusters womöglich nicht "
+        "erreichbar.\n\n Geben Sie nur mit dem Registry-Connector einen Laufwerksbuchstaben an.",
+    (None, "When using a clustered configuration, you should specify a UNC path for the mail list root directory.  "
+           "Otherwise, the directory may be inaccessible to the other mail servers in the cluster.\n\n You should "
+           "only specify a drive letter if using the Registry connector."):
+        "In einer Cluster-Konfiguration sollten Sie für das Stammverzeichnis der Mailinglisten einen UNC-Pfad "
+        "angeben.  Andernfalls ist das Verzeichnis für die anderen Mailserver des Clusters womöglich nicht "
+        "erreichbar.\n\n Geben Sie nur mit dem Registry-Connector einen Laufwerksbuchstaben an.",
+    (None, "Cannot set MaxMailboxes."): "MaxMailboxes kann nicht gesetzt werden.",
+    (None, "Cannot set MaxMailLists."): "MaxMailLists kann nicht gesetzt werden.",
+    (None, "Cannot set quota limit"): "Die Kontingentgrenze kann nicht gesetzt werden",
+    (None, "Cannot set quota warning level"): "Die Kontingent-Warnstufe kann nicht gesetzt werden",
+    (None, "Cannot set quota real time tracking"): "Die Echtzeitverfolgung des Kontingents kann nicht gesetzt werden",
+    (None, "unlimited"): "unbegrenzt",
+    (None, "default"): "Standard",
+    (None, "<none>"): "<keine>",
+    (None, "Relay Host"): "Relay-Host",
+    (None, "&Enable domain forwarding for this domain"): "Domänenweiterleitung für diese Domäne &aktivieren",
+    (None, "If domain forwarding is enabled, any non-local mail addressed to this domain will be forwarded to "
+           "the host specified below."):
+        "Ist die Domänenweiterleitung aktiviert, wird jede nicht lokale Mail an diese Domäne an den unten "
+        "angegebenen Host weitergeleitet.",
+    (None, "Relay &host (domain name or IP address):"): "Relay-&Host (Domänenname oder IP-Adresse):",
+    (None, "&Reattempt delivery to this host now!"): "Zustellung an diesen Host jetzt &erneut versuchen!",
+    (None, "Bad domain name or IP address"): "Ungültiger Domänenname oder ungültige IP-Adresse",
+    (None, "The mail server has been asked to reattempt delivery to %1 now."):
+        "Der Mailserver wurde gebeten, die Zustellung an %1 jetzt erneut zu versuchen.",
+    (None, "Cannot ask the mail server to reattempt delivery to %1."):
+        "Der Mailserver kann nicht gebeten werden, die Zustellung an %1 erneut zu versuchen.",
+    (None, "SMTP Bytes Relayed:"): "SMTP-Bytes weitergeleitet:",
+    (None, "Statistics"): "Statistik",
+    (None, "Traffic"): "Verkehr",
+    (None, "&Reset"): "&Zurücksetzen",
+    (None, "Statistics Since: %s"): "Statistik seit: %s",
+    (None, "Aliases"): "Aliasse",
+    (None, "Other names of this domain's mailboxes. Aliases are added and removed on the mailbox they belong to."):
+        "Weitere Namen der Postfächer dieser Domäne. Aliasse werden beim Postfach hinzugefügt und entfernt, "
+        "zu dem sie gehören.",
+    (None, "%1 delivers to %2"): "%1 stellt an %2 zu",
+    (None, "%1: the mailbox cannot be read"): "%1: Das Postfach kann nicht gelesen werden",
+    (None, "Cannot read the alias names of the domain %1."): "Die Aliasnamen der Domäne %1 können nicht gelesen werden.",
+    (None, "%1 of %2 alias names"): "%1 von %2 Aliasnamen",
+    (None, "Synonyms"): "Synonyme",
+    (None, "Mail addressed to any of these names is delivered to this domain."):
+        "Mail an einen dieser Namen wird dieser Domäne zugestellt.",
+    (None, "Re&name"): "&Umbenennen",
+    (None, "&Synonym (another name of this domain):"): "&Synonym (anderer Name dieser Domäne):",
+    (None, "\"%1\" is not a valid domain name. A synonym is a name such as mail.example.com."):
+        "„%1“ ist kein gültiger Domänenname. Ein Synonym ist ein Name wie mail.example.com.",
+    (None, "%1 is already a synonym of the domain %2."): "%1 ist bereits ein Synonym der Domäne %2.",
+    (None, "%1 is a domain of this server and cannot be a synonym."):
+        "%1 ist eine Domäne dieses Servers und kann kein Synonym sein.",
+    (None, "%1 is already a synonym of this domain."): "%1 ist bereits ein Synonym dieser Domäne.",
+    (None, "Cannot add the synonym %1."): "Das Synonym %1 kann nicht hinzugefügt werden.",
+    (None, "Cannot remove the synonym %1."): "Das Synonym %1 kann nicht entfernt werden.",
+    (None, "Cannot read the synonyms of the domain %1."): "Die Synonyme der Domäne %1 können nicht gelesen werden.",
     # The console's command line
     ("velbrook-console", "Administration console of the Velbrook mail server."):
         "Verwaltungskonsole des Velbrook-Mailservers.",
@@ -273,6 +394,39 @@ GERMAN = {
 }
 
 
+def ts_text(element) -> str:
+    """The text of a <source> or <translation>, with the characters lupdate writes as
+    <byte value="xd"/> (carriage returns and other control characters) put back."""
+    if element is None:
+        return ""
+    parts = [element.text or ""]
+    for child in element:
+        if child.tag == "byte":
+            value = child.get("value")
+            parts.append(chr(int(value[1:], 16) if value.startswith("x") else int(value)))
+        parts.append(child.tail or "")
+    return "".join(parts)
+
+
+def set_ts_text(element, text: str) -> None:
+    """Writes text into element the way lupdate does: control characters other than line feeds and
+    tabs as <byte value=".."/>."""
+    for child in list(element):
+        element.remove(child)
+    pieces = [""]
+    for ch in text:
+        if ord(ch) < 0x20 and ch not in "\n\t":
+            pieces.append(ch)
+            pieces.append("")
+        else:
+            pieces[-1] += ch
+    element.text = pieces[0]
+    last = None
+    for i in range(1, len(pieces), 2):
+        last = ET.SubElement(element, "byte", value="x" + format(ord(pieces[i]), "x"))
+        last.tail = pieces[i + 1]
+
+
 def main() -> int:
     path = Path(__file__).with_name("tavidlg_de.ts")
     tree = ET.parse(path)
@@ -280,20 +434,21 @@ def main() -> int:
     for context in tree.getroot().iter("context"):
         name = context.findtext("name")
         for message in context.iter("message"):
-            source = message.findtext("source")
+            source = ts_text(message.find("source"))
             translation = message.find("translation")
             german = GERMAN.get((name, source), GERMAN.get((None, source)))
             if german is not None:
-                translation.text = german
+                set_ts_text(translation, german)
                 translation.attrib.pop("type", None)
-            elif translation.get("type") == "unfinished" or not translation.text:
-                missing.append(f"{name}: {source}")
+            elif translation.get("type") == "unfinished" or not ts_text(translation):
+                missing.append((name, source))
     with open(path, "wb") as out:
         out.write(b'<?xml version="1.0" encoding="utf-8"?>\n<!DOCTYPE TS>\n')
         tree.write(out, encoding="utf-8", xml_declaration=False)
         out.write(b"\n")
-    for m in missing:
-        print("no German text:", m)
+    for context, source in missing:
+        # As entries for GERMAN, ready to be given their German.
+        print(f"    ({context!r}, {source!r}): ,")
     return 1 if missing else 0
 
 

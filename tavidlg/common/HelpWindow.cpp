@@ -181,8 +181,9 @@ CHelpWindow::CHelpWindow(QWidget* parent, const CHelpCatalog& catalog) : QDialog
     buildSearch();
     m_browser = new QTextBrowser(this);
     m_browser->setObjectName(QStringLiteral("txtPage"));
-    m_browser->setOpenLinks(true);
-    m_browser->setOpenExternalLinks(false);
+    // Links name pages ("CQuotasDlg.md"); the catalog finds them, in English where a translated page
+    // links to one that has no translation yet.
+    m_browser->setOpenLinks(false);
 
     auto* splitter = new QSplitter(this);
     splitter->addWidget(m_tabs);
@@ -197,6 +198,10 @@ CHelpWindow::CHelpWindow(QWidget* parent, const CHelpCatalog& catalog) : QDialog
     connect(m_browser, &QTextBrowser::backwardAvailable, m_back, &QToolButton::setEnabled);
     connect(m_browser, &QTextBrowser::forwardAvailable, m_forward, &QToolButton::setEnabled);
     connect(m_browser, &QTextBrowser::sourceChanged, this, &CHelpWindow::sourceChanged);
+    connect(m_browser, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+        if (const CHelpPage* page = m_catalog.pageNamed(QFileInfo(link.path()).completeBaseName()))
+            showPage(*page, link.fragment());
+    });
     for (QListWidget* list : {m_contents, m_index, m_results}) {
         connect(list, &QListWidget::itemActivated, this, &CHelpWindow::openItem);
         connect(list, &QListWidget::itemClicked, this, &CHelpWindow::openItem);
