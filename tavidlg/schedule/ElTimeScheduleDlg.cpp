@@ -89,6 +89,7 @@ CElTimeScheduleDlg::CElTimeScheduleDlg(QWidget* parent, _tMailServer* server)
     right->addWidget(m_list, 1);
     right->addWidget(note);
     auto* columns = new QHBoxLayout;
+    columns->setSpacing(16);
     columns->addLayout(left);
     columns->addLayout(right, 1);
     auto* layout = new QVBoxLayout(this);

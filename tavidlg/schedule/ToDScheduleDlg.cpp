@@ -61,6 +61,7 @@ CToDScheduleDlg::CToDScheduleDlg(QWidget* parent, unsigned captionId, QString& s
     right->addWidget(listLabel);
     right->addWidget(m_list, 1);
     auto* columns = new QHBoxLayout;
+    columns->setSpacing(16);
     columns->addLayout(left);
     columns->addLayout(right, 1);
     auto* layout = new QVBoxLayout(this);
