@@ -5,16 +5,13 @@
 #include "config/ErrorReport.h"
 #include "res/ScheduleStringIds.h"
 #include "res/StringTable.h"
-#include "schedule/EnterKey_p.h"
+#include "schedule/ScheduleWidgets_p.h"
 
 #include <QDialogButtonBox>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace {
 constexpr unsigned kHelpContext = 2008;
@@ -75,26 +72,8 @@ CElTimeScheduleDlg::CElTimeScheduleDlg(QWidget* parent, _tMailServer* server)
     auto* note = new QLabel(tr("At a checked attempt the sender is told\nthat the message is delayed."), this);
     note->setObjectName(QStringLiteral("lblNotifyNote"));
 
-    auto* left = new QVBoxLayout;
-    left->addWidget(timeLabel);
-    left->addWidget(m_timeEdit);
-    left->addWidget(example);
-    left->addWidget(m_addButton);
-    left->addSpacing(12);
-    left->addWidget(m_removeButton);
-    left->addWidget(m_defaultButton);
-    left->addStretch(1);
-    auto* right = new QVBoxLayout;
-    right->addWidget(listLabel);
-    right->addWidget(m_list, 1);
-    right->addWidget(note);
-    auto* columns = new QHBoxLayout;
-    columns->setSpacing(16);
-    columns->addLayout(left);
-    columns->addLayout(right, 1);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(columns, 1);
-    layout->addWidget(createButtonBox(true));
+    layOutScheduleEditor(this, {timeLabel, m_timeEdit, example, m_addButton, nullptr, m_removeButton, m_defaultButton},
+                         listLabel, m_list, note, createButtonBox(true));
     setTabOrder(m_timeEdit, m_addButton);
     setTabOrder(m_addButton, m_removeButton);
     setTabOrder(m_removeButton, m_defaultButton);

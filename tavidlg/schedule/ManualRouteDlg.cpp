@@ -4,7 +4,7 @@
 #include "config/ErrorReport.h"
 #include "res/ScheduleStringIds.h"
 #include "res/StringTable.h"
-#include "schedule/EnterKey_p.h"
+#include "schedule/ScheduleWidgets_p.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>

@@ -5,7 +5,7 @@
 #include "config/MessageFormat.h"
 #include "res/ScheduleStringIds.h"
 #include "res/StringTable.h"
-#include "schedule/EnterKey_p.h"
+#include "schedule/ScheduleWidgets_p.h"
 #include "schedule/ManualRouteDlg.h"
 
 #include <QButtonGroup>

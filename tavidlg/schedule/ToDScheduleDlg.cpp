@@ -2,17 +2,15 @@
 
 #include "common/PlatformServices.h"
 #include "res/StringTable.h"
-#include "schedule/EnterKey_p.h"
+#include "schedule/ScheduleWidgets_p.h"
 #include "schedule/TimeOfDaySpin_p.h"
 #include "schedule/ToDScheduleText.h"
 
 #include <QDialogButtonBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace {
 constexpr unsigned kHelpContext = 2040;
@@ -50,24 +48,8 @@ CToDScheduleDlg::CToDScheduleDlg(QWidget* parent, unsigned captionId, QString& s
     auto* note = new QLabel(tr("A checked time also forces a dial-up\nconnection when no mail is waiting."), this);
     note->setObjectName(QStringLiteral("lblDialupNote"));
 
-    auto* left = new QVBoxLayout;
-    left->addWidget(timeLabel);
-    left->addWidget(m_spin);
-    left->addWidget(m_addButton);
-    left->addSpacing(12);
-    left->addWidget(m_removeButton);
-    left->addStretch(1);
-    auto* right = new QVBoxLayout;
-    right->addWidget(listLabel);
-    right->addWidget(m_list, 1);
-    auto* columns = new QHBoxLayout;
-    columns->setSpacing(16);
-    columns->addLayout(left);
-    columns->addLayout(right, 1);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(columns, 1);
-    layout->addWidget(note);
-    layout->addWidget(createButtonBox(true));
+    layOutScheduleEditor(this, {timeLabel, m_spin, m_addButton, nullptr, m_removeButton}, listLabel, m_list, note,
+                         createButtonBox(true));
     setTabOrder(m_spin, m_addButton);
     setTabOrder(m_addButton, m_removeButton);
     setTabOrder(m_removeButton, m_list);
