@@ -136,6 +136,10 @@ void tst_RoutingDlg::routeListEdits_data()
                                      << "*.partner.example.net|Force;*|Default"
                                      << "*.partner.example.net 1: mx1.partner.example.net:0:10 "
                                         "mx2.partner.example.net:2525:20; * 2: smarthost.isp.example:587:0";
+    // A click below the last row selects nothing, so that Add adds a route instead of changing one.
+    QTest::addRow("added after a click on no row") << "select 1,none,add new.example radForce,delete"
+                                                   << "*.partner.example.net|Force;legacy.example.org|Additional;*|Default"
+                                                   << kDemoRoutes;
     QTest::addRow("selected route changed, hosts kept") << "select 1,add old.example.org radDefault"
                                                         << "*.partner.example.net|Force;old.example.org|Default;*|Default"
                                                         << QString(kDemoRoutes).replace(QLatin1String("legacy.example.org 0"),
@@ -153,6 +157,9 @@ void tst_RoutingDlg::routeListEdits()
             const QStringList words = step.split(QLatin1Char(' '));
             if (words[0] == QLatin1String("select")) {
                 selectRow(d, "lstRoutes", words[1].toInt());
+            } else if (words[0] == QLatin1String("none")) {
+                QWidget* viewport = Harness::control<QTreeWidget>(d, "lstRoutes")->viewport();
+                QTest::mouseClick(viewport, Qt::LeftButton, {}, QPoint(10, viewport->height() - 5));
             } else if (words[0] == QLatin1String("add")) {
                 Harness::typeInto(Harness::control<QLineEdit>(d, "edtDomainMask"), words[1]);
                 Harness::clickButton(d, words[2].toLatin1().constData());
