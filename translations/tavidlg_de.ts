@@ -25,7 +25,7 @@
     </message>
     <message>
         <source>A&amp;dd</source>
-        <translation>&amp;Hinzufügen</translation>
+        <translation>Hin&amp;zufügen</translation>
     </message>
     <message>
         <source>&amp;Modify</source>
@@ -49,13 +49,83 @@
     </message>
 </context>
 <context>
+    <name>CDeliveryScheduleMasterDlg</name>
+    <message>
+        <source>Delivery Schedule Management on %1</source>
+        <translation>Zustellpläne auf %1</translation>
+    </message>
+    <message>
+        <source>&amp;Use the Elapsed Time schedule for the following list of domains:</source>
+        <translation>Den Zeitplan nach verstrichener Zeit für folgende Domänen &amp;verwenden:</translation>
+    </message>
+    <message>
+        <source>All other domains use the time-of-day schedule.</source>
+        <translation>Alle anderen Domänen verwenden den Tageszeitplan.</translation>
+    </message>
+    <message>
+        <source>Reattempt delivery</source>
+        <translation>Zustellung erneut versuchen</translation>
+    </message>
+    <message>
+        <source>&amp;Enter a list of domains to which delivery should be reattempted:</source>
+        <translation>&amp;Domänen, an die die Zustellung erneut versucht werden soll:</translation>
+    </message>
+    <message>
+        <source>&amp;Reattempt delivery to these domains now!</source>
+        <translation>Zustellung an diese Domänen jetzt &amp;erneut versuchen!</translation>
+    </message>
+</context>
+<context>
+    <name>CDialupScheduleDlg</name>
+    <message>
+        <source>Time-of-day Delivery Schedule on %1</source>
+        <translation>Tageszeit-Zustellplan auf %1</translation>
+    </message>
+    <message>
+        <source>Delivery times</source>
+        <translation>Zustellzeiten</translation>
+    </message>
+    <message>
+        <source>Monday to Friday:</source>
+        <translation>Montag bis Freitag:</translation>
+    </message>
+    <message>
+        <source>Saturday and Sunday:</source>
+        <translation>Samstag und Sonntag:</translation>
+    </message>
+    <message>
+        <source>Week&amp;days...</source>
+        <translation>&amp;Werktage...</translation>
+    </message>
+    <message>
+        <source>Week&amp;ends...</source>
+        <translation>Wochen&amp;ende...</translation>
+    </message>
+    <message>
+        <source>Dial-up link</source>
+        <translation>Wählverbindung</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Zustand:</translation>
+    </message>
+    <message>
+        <source>&amp;Connect</source>
+        <translation>&amp;Verbinden</translation>
+    </message>
+    <message>
+        <source>D&amp;isconnect</source>
+        <translation>&amp;Trennen</translation>
+    </message>
+</context>
+<context>
     <name>CDomainAliasesPage</name>
     <message>
         <source>Aliases</source>
         <translation>Aliasse</translation>
     </message>
     <message>
-        <source>Other names of this domain&apos;s mailboxes. Aliases are added and removed on the mailbox they belong to.</source>
+        <source>Other names of this domain's mailboxes. Aliases are added and removed on the mailbox they belong to.</source>
         <translation>Weitere Namen der Postfächer dieser Domäne. Aliasse werden beim Postfach hinzugefügt und entfernt, zu dem sie gehören.</translation>
     </message>
     <message>
@@ -199,7 +269,7 @@ automatisch durchgesetzt</translation>
     </message>
     <message>
         <source>A&amp;dd</source>
-        <translation>&amp;Hinzufügen</translation>
+        <translation>Hin&amp;zufügen</translation>
     </message>
     <message>
         <source>Re&amp;name</source>
@@ -255,6 +325,43 @@ automatisch durchgesetzt</translation>
     <message>
         <source>&amp;Reset</source>
         <translation>&amp;Zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>CElTimeScheduleDlg</name>
+    <message>
+        <source>Elapsed Time Delivery Schedule on %1</source>
+        <translation>Zustellplan nach verstrichener Zeit auf %1</translation>
+    </message>
+    <message>
+        <source>&amp;Time after the initial attempt:</source>
+        <translation>&amp;Zeit nach dem ersten Versuch:</translation>
+    </message>
+    <message>
+        <source>For example: 1 day 20 minutes, 2 hours, 3d12h</source>
+        <translation>Zum Beispiel: 1 day 20 minutes, 2 hours, 3d12h</translation>
+    </message>
+    <message>
+        <source>Add &gt;&gt;&gt;</source>
+        <translation>Hinzufügen &gt;&gt;&gt;</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Default schedule</source>
+        <translation>Standardzeitplan</translation>
+    </message>
+    <message>
+        <source>Delivery &amp;attempts:</source>
+        <translation>Zustell&amp;versuche:</translation>
+    </message>
+    <message>
+        <source>At a checked attempt the sender is told
+that the message is delayed.</source>
+        <translation>Bei einem markierten Versuch erfährt der Absender,
+dass sich die Nachricht verzögert.</translation>
     </message>
 </context>
 <context>
@@ -317,6 +424,129 @@ automatisch durchgesetzt</translation>
     </message>
 </context>
 <context>
+    <name>CManualRouteDlg</name>
+    <message>
+        <source>Routes for %1</source>
+        <translation>Routen für %1</translation>
+    </message>
+    <message>
+        <source>Host</source>
+        <translation>Host</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Preference</source>
+        <translation>Präferenz</translation>
+    </message>
+    <message>
+        <source>&amp;Host:</source>
+        <translation>&amp;Host:</translation>
+    </message>
+    <message>
+        <source>P&amp;ort:</source>
+        <translation>P&amp;ort:</translation>
+    </message>
+    <message>
+        <source>P&amp;reference:</source>
+        <translation>P&amp;räferenz:</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Modify</source>
+        <translation>Ändern</translation>
+    </message>
+</context>
+<context>
+    <name>CRoutingDlg</name>
+    <message>
+        <source>Routing on %1</source>
+        <translation>Routing auf %1</translation>
+    </message>
+    <message>
+        <source>Domain mask</source>
+        <translation>Domänenmaske</translation>
+    </message>
+    <message>
+        <source>Rule for using</source>
+        <translation>Verwendungsregel</translation>
+    </message>
+    <message>
+        <source>Domain mas&amp;k:</source>
+        <translation>Domänen&amp;maske:</translation>
+    </message>
+    <message>
+        <source>Rule for using the routes</source>
+        <translation>Regel für die Verwendung der Routen</translation>
+    </message>
+    <message>
+        <source>&amp;Force</source>
+        <translation>&amp;Erzwingen</translation>
+    </message>
+    <message>
+        <source>Defaul&amp;t</source>
+        <translation>S&amp;tandard</translation>
+    </message>
+    <message>
+        <source>Additiona&amp;l</source>
+        <translation>Zusätz&amp;lich</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>D&amp;elete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>&amp;Down</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>&amp;Routes...</source>
+        <translation>&amp;Routen...</translation>
+    </message>
+</context>
+<context>
+    <name>CToDScheduleDlg</name>
+    <message>
+        <source>&amp;Time (hhmm):</source>
+        <translation>&amp;Uhrzeit (hhmm):</translation>
+    </message>
+    <message>
+        <source>&amp;Add &gt;&gt;&gt;</source>
+        <translation>Hin&amp;zufügen &gt;&gt;&gt;</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Delivery times:</source>
+        <translation>Zu&amp;stellzeiten:</translation>
+    </message>
+    <message>
+        <source>A checked time also forces a dial-up
+connection when no mail is waiting.</source>
+        <translation>Eine markierte Uhrzeit erzwingt auch dann eine Wähl-
+verbindung, wenn keine Mail wartet.</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>Cancel</source>
@@ -334,9 +564,9 @@ automatisch durchgesetzt</translation>
         <translation>%1 auf </translation>
     </message>
     <message>
-        <source>Domain size: %ukB (%u messages) in %u mailboxes<byte value="xd"/>
+        <source>Domain size: %ukB (%u messages) in %u mailboxes<byte value="xd" />
 (Last verified: %s).</source>
-        <translation>Domänengröße: %ukB (%u Nachrichten) in %u Postfächern<byte value="xd"/>
+        <translation>Domänengröße: %ukB (%u Nachrichten) in %u Postfächern<byte value="xd" />
 (Zuletzt geprüft: %s).</translation>
     </message>
     <message>
@@ -422,7 +652,7 @@ Bitte wandeln Sie vorhandene Postfachverzeichnisse mit dem Programm TVCVTDIR um.
         <translation>Statistik seit: %s</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a valid domain name. A synonym is a name such as mail.example.com.</source>
+        <source>"%1" is not a valid domain name. A synonym is a name such as mail.example.com.</source>
         <translation>„%1“ ist kein gültiger Domänenname. Ein Synonym ist ein Name wie mail.example.com.</translation>
     </message>
     <message>
@@ -470,11 +700,11 @@ Bitte wandeln Sie vorhandene Postfachverzeichnisse mit dem Programm TVCVTDIR um.
         <translation>Geben Sie einen Alias und die Adresse ein, für die er steht. Keines von beiden darf leer oder länger als 255 Zeichen sein oder Leerzeichen, Kommas, doppelte Anführungszeichen oder Steuerzeichen enthalten.</translation>
     </message>
     <message>
-        <source>Cannot read the server&apos;s aliases.</source>
+        <source>Cannot read the server's aliases.</source>
         <translation>Die Aliasse des Servers können nicht gelesen werden.</translation>
     </message>
     <message>
-        <source>Cannot save the server&apos;s aliases.</source>
+        <source>Cannot save the server's aliases.</source>
         <translation>Die Aliasse des Servers können nicht gespeichert werden.</translation>
     </message>
     <message>
@@ -504,6 +734,134 @@ Klicken Sie auf OK, um die %2 gelesenen Aliasse zu übernehmen, oder auf Abbrech
     <message>
         <source>%1 of %2 aliases</source>
         <translation>%1 von %2 Aliassen</translation>
+    </message>
+    <message>
+        <source>&lt;initial attempt&gt;</source>
+        <translation>&lt;erster Versuch&gt;</translation>
+    </message>
+    <message>
+        <source>%d day </source>
+        <translation>%d Tag </translation>
+    </message>
+    <message>
+        <source>%d days </source>
+        <translation>%d Tage </translation>
+    </message>
+    <message>
+        <source>%d hour </source>
+        <translation>%d Stunde </translation>
+    </message>
+    <message>
+        <source>%d hours </source>
+        <translation>%d Stunden </translation>
+    </message>
+    <message>
+        <source>%d minute</source>
+        <translation>%d Minute</translation>
+    </message>
+    <message>
+        <source>%d minutes</source>
+        <translation>%d Minuten</translation>
+    </message>
+    <message>
+        <source>The retry schedule is full.</source>
+        <translation>Der Zeitplan für Zustellversuche ist voll.</translation>
+    </message>
+    <message>
+        <source>Error saving delivery retry schedule</source>
+        <translation>Fehler beim Speichern des Zeitplans für Zustellversuche</translation>
+    </message>
+    <message>
+        <source>Weekday Delivery Schedule</source>
+        <translation>Zustellplan für Werktage</translation>
+    </message>
+    <message>
+        <source>Weekend Delivery Schedule</source>
+        <translation>Zustellplan für das Wochenende</translation>
+    </message>
+    <message>
+        <source>No delivery times</source>
+        <translation>Keine Zustellzeiten</translation>
+    </message>
+    <message>
+        <source>%1 (dial-up)</source>
+        <translation>%1 (Wählverbindung)</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Getrennt</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Wird verbunden</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Disconnecting</source>
+        <translation>Wird getrennt</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>Could not connect the dial-up link</source>
+        <translation>Die Wählverbindung konnte nicht hergestellt werden</translation>
+    </message>
+    <message>
+        <source>Could not disconnect the dial-up link</source>
+        <translation>Die Wählverbindung konnte nicht getrennt werden</translation>
+    </message>
+    <message>
+        <source>Error saving Elapsed Time Schedule domain list</source>
+        <translation>Fehler beim Speichern der Domänenliste des Zeitplans nach verstrichener Zeit</translation>
+    </message>
+    <message>
+        <source>Additional</source>
+        <translation>Zusätzlich</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Erzwingen</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>The following domain masks do not have routes associated with them.
+These domain masks can not be saved.
+
+%1</source>
+        <translation>Den folgenden Domänenmasken sind keine Routen zugeordnet.
+Diese Domänenmasken können nicht gespeichert werden.
+
+%1</translation>
+    </message>
+    <message>
+        <source>&lt;...more...&gt;
+</source>
+        <translation>&lt;...weitere...&gt;
+</translation>
+    </message>
+    <message>
+        <source>Error saving manual route table</source>
+        <translation>Fehler beim Speichern der Routentabelle</translation>
+    </message>
+    <message>
+        <source>Error loading manual route table. The table cannot be changed.</source>
+        <translation>Fehler beim Laden der Routentabelle. Die Tabelle kann nicht geändert werden.</translation>
+    </message>
+    <message>
+        <source>Could not keep the changed hosts; the hosts as they were are kept.</source>
+        <translation>Die geänderten Hosts konnten nicht übernommen werden; die bisherigen Hosts bleiben erhalten.</translation>
     </message>
 </context>
 <context>
