@@ -357,14 +357,31 @@ void ConsoleWindow::fillDialogList()
             group->setFirstColumnSpanned(true);
             group->setExpanded(true);
         }
-        // Every service of the server gets its own control dialog, with its state beside it.
+        // The properties of a service are listed beside the service itself (below).
+        if (row.args == EntryArgs::Service)
+            continue;
+        // Every service of the server gets its own control dialog, with its state beside it, and its
+        // properties under it.
         if (row.args == EntryArgs::ServiceControl) {
+            const DialogRow* properties = nullptr;
+            for (const DialogRow& other : dialogTable()) {
+                if (other.args == EntryArgs::Service && isAvailable(other))
+                    properties = &other;
+            }
             for (const auto& [name, displayName] : services()) {
                 auto* item = new QTreeWidgetItem(group, {displayName + QStringLiteral(" service")});
                 item->setData(0, Qt::UserRole, QString::fromUtf8(row.entryPoint));
                 item->setData(0, Qt::UserRole + 1, name);
                 item->setToolTip(0, QStringLiteral("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
                 ++count;
+                if (properties) {
+                    auto* child = new QTreeWidgetItem(item, {QStringLiteral("Properties...")});
+                    child->setData(0, Qt::UserRole, QString::fromUtf8(properties->entryPoint));
+                    child->setData(0, Qt::UserRole + 2, name);
+                    child->setToolTip(0, QStringLiteral("%1 (%2)").arg(QString::fromUtf8(properties->entryPoint), name));
+                    item->setExpanded(true);
+                    ++count;
+                }
             }
             continue;
         }
@@ -392,7 +409,9 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
     for (const DialogRow& row : dialogTable()) {
         if (entry != QLatin1String(row.entryPoint))
             continue;
-        const int result = openDialog(row, QString(), item->data(0, Qt::UserRole + 1).toString());
+        const QVariant service = item->data(0, Qt::UserRole + 1).isValid() ? item->data(0, Qt::UserRole + 1)
+                                                                           : item->data(0, Qt::UserRole + 2);
+        const int result = openDialog(row, QString(), service.toString());
         const QString what = item->text(0);
         if (result == 1)
             m_status->setText(QStringLiteral("%1: closed with OK").arg(what));
@@ -490,8 +509,14 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
         const QByteArray first = name.toUtf8(), second = defaultDomain().toUtf8();
         return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, first.constData(), second.constData());
     }
-    case EntryArgs::Service:
-        return reinterpret_cast<EntryOne>(symbol)(owner, m_server, "SMTPRA");
+    case EntryArgs::Service: {
+        // A service's properties item names it; otherwise (rendering) the first service.
+        const QList<QPair<QString, QString>> all = services();
+        const QByteArray name = (!service.isEmpty() ? service
+                                 : all.isEmpty()    ? QStringLiteral("SMTPRA")
+                                                    : all.first().first).toUtf8();
+        return reinterpret_cast<EntryOne>(symbol)(owner, m_server, name.constData());
+    }
     case EntryArgs::ServiceControl: {
         const QList<QPair<QString, QString>> all = services();
         QPair<QString, QString> chosen = all.isEmpty() ? qMakePair(service, service) : all.first();
@@ -508,8 +533,17 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
         // 60976: the library's caption "Trusted IP Subnets".
         return reinterpret_cast<EntrySubnetList>(symbol)(owner, m_server, "SMTPRA", "TrustedSubnets", 60976);
     case EntryArgs::LogFlags: {
-        uint32_t flags = 0;
-        return reinterpret_cast<EntryLogFlags>(symbol)(owner, m_server, "Log Flags", &flags, 0xFFFFFFFFu);
+        // The console edits the server's own log flags: read them, let the sheet change them, store them.
+        uint32_t flags = 0, size = sizeof flags;
+        if (!GetMailServerProperty(m_server, "Logging", "LogFlags", &flags, &size, nullptr))
+            flags = 0;
+        const uint32_t before = flags;
+        const int result = reinterpret_cast<EntryLogFlags>(symbol)(owner, m_server, "Log Flags", &flags, 0xFFFFFFFFu);
+        if (result == 1 && flags != before
+            && !SetMailServerProperty(m_server, "Logging", VB_TYPE_DWORD, "LogFlags", &flags, sizeof flags))
+            QMessageBox::warning(this, QStringLiteral("Log flags"),
+                                 QStringLiteral("The log flags could not be stored (error %1).").arg(GetLastError()));
+        return result;
     }
     }
     return -100;

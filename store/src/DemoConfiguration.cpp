@@ -43,6 +43,11 @@ const Text kTexts[] = {
     {nullptr, "DefaultDomain", "brennoway.example"},
     {"Logging", "LogFilePrefix", "vb"},
     {"CalendarMgr", "CalendarDir", "/var/lib/velbrook/calendars"},
+    {"SMTPRA", "ListenAddresses", "*:25, *:587"},
+    {"POP3", "ListenAddresses", "*:110, *:995"},
+    {"IMAP4", "ListenAddresses", "*:143, *:993"},
+    {"WebMail", "ListenAddresses", "127.0.0.1:8080"},
+    {"SMTPRA", "AuthMethods", "SCRAM-SHA-256, CRAM-MD5, PLAIN, LOGIN"},
 };
 
 const Number kNumbers[] = {
@@ -80,6 +85,12 @@ const Number kNumbers[] = {
     {"Statistics", "MailboxAutoReset", 604800},
     {"Logging", "LogLevel", 2},
     {"Logging", "LogFlags", 0x1F},
+    {"SMTPRA", "SubmissionAuthRequired", 1},
+    {"Security", "LockoutEnabled", 1},
+    {"Security", "LockoutThreshold", 5},
+    {"DHAP", "Enabled", 1},
+    {"TLS", "MinProtocol", 12},
+    {"DbLog", "RetentionDays", 30},
 };
 
 struct Service {
@@ -117,6 +128,17 @@ bool seedServer(_tMailServer* s)
         if (!setNumber(s, n.section, n.name, value))
             return false;
     }
+    // Two addresses on harvest probation for the next half hour and hour, and one blocked network.
+    const uint32_t now = uint32_t(std::time(nullptr));
+    for (uint32_t minutes : {30u, 60u}) {
+        const std::string element = (minutes == 30 ? std::string("203.0.113.45,") : std::string("198.51.100.77,"))
+                                    + std::to_string(now + minutes * 60);
+        if (!AddToMailServerListProperty(s, "DHAP", "Probation", element.c_str()))
+            return false;
+    }
+    static const char kNetworks[] = "192.0.2.0/24,\"bulk sender\"\0";
+    if (!SetMailServerProperty(s, "SMTPRA", VB_TYPE_MULTI_STRING, "RejectAllMailFromSubnets", kNetworks, sizeof kNetworks))
+        return false;
     for (const Service& svc : kServices) {
         if (!VbRegisterMailService(s, svc.name, svc.displayName, "builtin", nullptr, svc.state))
             return false;
