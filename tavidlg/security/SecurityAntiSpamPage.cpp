@@ -177,8 +177,8 @@ CSecurityAntiSpamPage::CSecurityAntiSpamPage(_tMailServer* server) : CTaviProper
     for (QCheckBox* box : {m_rejectAnonymousCheck, m_lookupCheck, m_rblCheck, m_rblFriendsCheck, m_returnPathCheck,
                            m_recipientsCheck})
         connect(box, &QCheckBox::clicked, this, modified);
-    connect(m_rejectAnonymousCheck, &QCheckBox::clicked, this, &CSecurityAntiSpamPage::updateControls);
-    connect(m_rblCheck, &QCheckBox::clicked, this, &CSecurityAntiSpamPage::updateControls);
+    connect(m_rejectAnonymousCheck, &QCheckBox::clicked, this, [this] { updateControls(true); });
+    connect(m_rblCheck, &QCheckBox::clicked, this, [this] { updateControls(true); });
     connect(m_zones, &CStringListEdit::changed, this, modified);
     connect(m_returnAddresses, &CStringListEdit::changed, this, modified);
     connect(m_maxRecipientsSpin, &QSpinBox::valueChanged, this, modified);
@@ -226,19 +226,20 @@ bool CSecurityAntiSpamPage::exchange(bool save)
     m_maxRecipientsSpin->setValue(int(qMin<quint32>(m_maxRecipientsRead, 100000)));
     m_networksButton->setEnabled(m_networksReadable);
     updateCounts();
-    updateControls();
+    updateControls(false);
     return true;
 }
 
-void CSecurityAntiSpamPage::updateControls()
+void CSecurityAntiSpamPage::updateControls(bool enforce)
 {
-    // Refusing anonymous servers and matching host names both need the names of connecting servers.
+    // Refusing anonymous servers and matching host names both need the names of connecting servers. A
+    // change of the administrator's turns the lookup on; what was stored is shown as it is.
     bool needLookup = m_rejectAnonymousCheck->isChecked();
     for (const QString& host : std::as_const(m_hosts))
         needLookup = needLookup || isHostNameEntry(host);
-    if (needLookup)
+    if (needLookup && enforce)
         m_lookupCheck->setChecked(true);
-    m_lookupCheck->setEnabled(!needLookup);
+    m_lookupCheck->setEnabled(!(needLookup && m_lookupCheck->isChecked()));
     m_zones->setEnabled(m_rblCheck->isChecked());
     m_rblFriendsCheck->setEnabled(m_rblCheck->isChecked());
 }
@@ -261,7 +262,7 @@ void CSecurityAntiSpamPage::onEditHosts()
         return;
     m_hosts = dialog.entries();
     updateCounts();
-    updateControls();
+    updateControls(true);
     setModified();
 }
 

@@ -39,7 +39,7 @@ protected:
     bool apply() override;
 
 private:
-    void updateControls();
+    void updateControls(bool enforce);
     void updateCounts();
     void onEditHosts();
     void onEditNetworks();
