@@ -226,7 +226,7 @@ void tst_SecuritySheet::spamSourcesAndNetworks()
     QString hostsLabel, networksLabel;
     const int result = Harness::runEntry("EditSecurity", 0, *m_store, [&](QDialog* d) {
         showPage(d, "CSecurityAntiSpamPage");
-        QCOMPARE(Harness::control<QLabel>(d, "lblBlockedNetworks")->text(), QStringLiteral("1 blocked networks"));
+        QCOMPARE(Harness::control<QLabel>(d, "lblBlockedNetworks")->text(), QStringLiteral("Blocked networks: 1"));
         Harness::driveModal([&] { Harness::clickButton(d, "btnSpamSources"); return 0; }, [&](QDialog* spam) {
             QCOMPARE(spam->objectName(), QStringLiteral("CSpamListDlg"));
             Harness::typeInto(Harness::control<QLineEdit>(spam, "edtSpamSources"), QStringLiteral("*.bulk.example"));
@@ -248,8 +248,8 @@ void tst_SecuritySheet::spamSourcesAndNetworks()
         Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
-    QCOMPARE(hostsLabel, QStringLiteral("2 blocked hosts and address patterns"));
-    QCOMPARE(networksLabel, QStringLiteral("0 blocked networks"));
+    QCOMPARE(hostsLabel, QStringLiteral("Blocked hosts and addresses: 2"));
+    QCOMPARE(networksLabel, QStringLiteral("Blocked networks: 0"));
     QCOMPARE(m_store->string(nullptr, "RejectAllMailFrom"), QStringLiteral("198.51.100.*, *.bulk.example"));
     QCOMPARE(m_store->number(nullptr, "LookupIncomingCalls"), std::optional<quint32>(1));
     QCOMPARE(m_store->string("SMTPRA", "RejectAllMailFromSubnets"), QString());
@@ -314,7 +314,7 @@ void tst_SecuritySheet::dhapRoundTripAndProbation()
     QCOMPARE(result, 1);
     // Soonest expiry first; the expired and unreadable elements are not shown.
     QCOMPARE(shown, QStringList({QStringLiteral("192.0.2.3"), QStringLiteral("192.0.2.2")}));
-    QCOMPARE(countText, QStringLiteral("1 addresses on probation"));
+    QCOMPARE(countText, QStringLiteral("Addresses on probation: 1"));
     QVERIFY(!LookupMailServerListProperty(*m_store, "DHAP", "Probation",
                                           QStringLiteral("192.0.2.3,%1").arg(now + 60).toUtf8().constData()));
     QVERIFY(LookupMailServerListProperty(*m_store, "DHAP", "Probation",
