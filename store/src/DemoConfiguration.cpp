@@ -128,12 +128,19 @@ bool seedServer(_tMailServer* s)
         if (!setNumber(s, n.section, n.name, value))
             return false;
     }
-    // Two addresses on harvest probation for the next half hour and hour, and one blocked network.
+    // Two addresses on harvest probation for the next half hour and hour (once: a second seed finds the
+    // list), and one blocked network.
     const uint32_t now = uint32_t(std::time(nullptr));
+    uint32_t probationSize = 0;
+    const bool probationExists = GetMailServerProperty(s, "DHAP", "Probation", nullptr, &probationSize, nullptr) != 0
+                                 || GetLastError() == VB_ERROR_MORE_DATA;
     for (uint32_t minutes : {30u, 60u}) {
+        if (probationExists)
+            break;
         const std::string element = (minutes == 30 ? std::string("203.0.113.45,") : std::string("198.51.100.77,"))
                                     + std::to_string(now + minutes * 60);
-        if (!AddToMailServerListProperty(s, "DHAP", "Probation", element.c_str()))
+        if (!AddToMailServerListProperty(s, "DHAP", "Probation", element.c_str())
+            && GetLastError() != VB_ERROR_ALREADY_EXISTS)
             return false;
     }
     static const char kNetworks[] = "192.0.2.0/24,\"bulk sender\"\0";
