@@ -98,10 +98,10 @@ CDbLogConfigDlg::CDbLogConfigDlg(QWidget* parent, _tMailServer* server) : CTaviD
     } events[] = {
         {DbLogEvents::Receipt, "chkEventReceipt", tr("Messages &received")},
         {DbLogEvents::Delivery, "chkEventDelivery", tr("Messages &delivered or returned")},
-        {DbLogEvents::Rejection, "chkEventRejection", tr("Re&fused connections, senders and recipients")},
+        {DbLogEvents::Rejection, "chkEventRejection", tr("Refused connections, s&enders and recipients")},
         {DbLogEvents::Authentication, "chkEventAuthentication", tr("Logins and failed logi&ns")},
-        {DbLogEvents::Security, "chkEventSecurity", tr("Lockouts, bans and harvest &probation")},
-        {DbLogEvents::Service, "chkEventService", tr("Services started and st&opped")},
+        {DbLogEvents::Security, "chkEventSecurity", tr("Lock&outs, bans and harvest probation")},
+        {DbLogEvents::Service, "chkEventService", tr("Ser&vices started and stopped")},
         {DbLogEvents::Configuration, "chkEventConfiguration", tr("Configuration &changes")},
     };
     auto* eventsGrid = new QGridLayout(m_eventsGroup);

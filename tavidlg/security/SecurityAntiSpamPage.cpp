@@ -107,7 +107,7 @@ CSecurityAntiSpamPage::CSecurityAntiSpamPage(_tMailServer* server) : CTaviProper
     serversGroup->setObjectName(QStringLiteral("grpServers"));
     m_rejectAnonymousCheck = new QCheckBox(tr("Reject mail from servers &without a DNS host name"), serversGroup);
     m_rejectAnonymousCheck->setObjectName(QStringLiteral("chkRejectAnonymous"));
-    m_lookupCheck = new QCheckBox(tr("Look up the &host names of connecting servers"), serversGroup);
+    m_lookupCheck = new QCheckBox(tr("&Look up the host names of connecting servers"), serversGroup);
     m_lookupCheck->setObjectName(QStringLiteral("chkLookupIncomingCalls"));
     m_rblCheck = new QCheckBox(tr("Reject mail from servers on these &blacklist services:"), serversGroup);
     m_rblCheck->setObjectName(QStringLiteral("chkRblEnabled"));
@@ -142,7 +142,7 @@ CSecurityAntiSpamPage::CSecurityAntiSpamPage(_tMailServer* server) : CTaviProper
 
     auto* addressGroup = new QGroupBox(tr("Senders and recipients"), this);
     addressGroup->setObjectName(QStringLiteral("grpAddresses"));
-    auto* blockedLabel = new QLabel(tr("Refuse mail from these return &addresses:"), addressGroup);
+    auto* blockedLabel = new QLabel(tr("Refuse mail from these return addr&esses:"), addressGroup);
     m_returnAddresses = new CStringListEdit(QStringLiteral("ReturnAddresses"), addressGroup);
     m_returnAddresses->setCheck(checkReturnAddress);
     m_returnAddresses->setPlaceholderText(tr("address or @domain"));
@@ -155,7 +155,7 @@ CSecurityAntiSpamPage::CSecurityAntiSpamPage(_tMailServer* server) : CTaviProper
     m_maxRecipientsSpin->setObjectName(QStringLiteral("spnMaxSmtpRecipients"));
     m_maxRecipientsSpin->setRange(0, 100000);
     m_maxRecipientsSpin->setSpecialValueText(tr("No limit"));
-    auto* maxLabel = new QLabel(tr("&Most recipients per message:"), addressGroup);
+    auto* maxLabel = new QLabel(tr("Most recipien&ts per message:"), addressGroup);
     maxLabel->setBuddy(m_maxRecipientsSpin);
     auto* addressLayout = new QGridLayout(addressGroup);
     addressLayout->addWidget(blockedLabel, 0, 0, 1, 2);

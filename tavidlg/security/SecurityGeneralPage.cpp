@@ -78,7 +78,7 @@ CSecurityGeneralPage::CSecurityGeneralPage(_tMailServer* server) : CTaviProperty
     m_thresholdSpin = makeSpin(m_lockoutGroup, "spnLockoutThreshold", 1, 1000, tr(" failed logins"));
     m_windowSpin = makeSpin(m_lockoutGroup, "spnLockoutWindow", 1, 1440, tr(" minutes"));
     m_durationSpin = makeSpin(m_lockoutGroup, "spnLockoutDuration", 1, 525600, tr(" minutes"));
-    m_autoExpireCheck = new QCheckBox(tr("Bans &expire by themselves (otherwise they last until released)"), m_lockoutGroup);
+    m_autoExpireCheck = new QCheckBox(tr("Bans e&xpire by themselves (otherwise they last until released)"), m_lockoutGroup);
     m_autoExpireCheck->setObjectName(QStringLiteral("chkLockoutAutoExpire"));
     auto* lockoutForm = new QFormLayout(m_lockoutGroup);
     lockoutForm->addRow(tr("Lock out after &threshold:"), m_thresholdSpin);

@@ -80,7 +80,7 @@ CSecurityTlsPage::CSecurityTlsPage(_tMailServer* server) : CTaviPropertyPage(tr(
     m_protocolCombo->addItem(tr("TLS 1.1 (insecure, for old clients)"), TlsVersion::Tls11);
     m_protocolCombo->addItem(tr("TLS 1.2 (recommended)"), TlsVersion::Tls12);
     m_protocolCombo->addItem(tr("TLS 1.3"), TlsVersion::Tls13);
-    auto* protocolLabel = new QLabel(tr("&Oldest protocol version accepted:"), this);
+    auto* protocolLabel = new QLabel(tr("Oldest &protocol version accepted:"), this);
     protocolLabel->setBuddy(m_protocolCombo);
     auto* protocolRow = new QHBoxLayout;
     protocolRow->addWidget(protocolLabel);

@@ -193,7 +193,7 @@ CServicePropertiesDlg::CServicePropertiesDlg(QWidget* parent, _tMailServer* serv
     auto* runForm = new QFormLayout(runGroup);
     runForm->addRow(tr("&Start mode:"), m_startModeCombo);
     runForm->addRow(tr("&Worker limit:"), m_workersSpin);
-    runForm->addRow(tr("Drop idle connections &after:"), m_timeoutSpin);
+    runForm->addRow(tr("Drop &idle connections after:"), m_timeoutSpin);
     runForm->addRow(m_logFileCheck);
 
     auto* stateGroup = new QGroupBox(tr("State"), this);
