@@ -1,9 +1,18 @@
 #include "security/SpamListDlg.h"
 
+#include "common/PlatformServices.h"
+#include "config/MessageFormat.h"
+#include "res/SecurityStrings.h"
+#include "res/StringTable.h"
 #include "security/SecurityAntiSpamPage.h"
 #include "security/StringListEdit.h"
 
 #include <QDialogButtonBox>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSaveFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -30,12 +39,22 @@ CSpamListDlg::CSpamListDlg(QWidget* parent, _tMailServer* server, const QStringL
     m_list->setMinimumHeight(fontMetrics().height() * 14);
     m_summary = new QLabel(this);
     m_summary->setObjectName(QStringLiteral("lblSummary"));
+    auto* importButton = new QPushButton(tr("&Import..."), this);
+    importButton->setObjectName(QStringLiteral("btnImport"));
+    auto* exportButton = new QPushButton(tr("E&xport..."), this);
+    exportButton->setObjectName(QStringLiteral("btnExport"));
+    auto* summaryRow = new QHBoxLayout;
+    summaryRow->addWidget(m_summary, 1);
+    summaryRow->addWidget(importButton);
+    summaryRow->addWidget(exportButton);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(intro);
     layout->addWidget(m_list, 1);
-    layout->addWidget(m_summary);
+    layout->addLayout(summaryRow);
     layout->addWidget(createButtonBox(true));
     connect(m_list, &CStringListEdit::changed, this, &CSpamListDlg::updateSummary);
+    connect(importButton, &QPushButton::clicked, this, &CSpamListDlg::onImport);
+    connect(exportButton, &QPushButton::clicked, this, &CSpamListDlg::onExport);
     resize(460, sizeHint().height());
 }
 
@@ -65,4 +84,66 @@ void CSpamListDlg::updateSummary()
     for (const QString& e : entries)
         hosts += isHostNameEntry(e) ? 1 : 0;
     m_summary->setText(tr("%1 host names, %2 IP address patterns").arg(hosts).arg(entries.size() - hosts));
+}
+
+namespace {
+CFileDialogRequest textFileRequest(bool save)
+{
+    CFileDialogRequest request;
+    request.save = save;
+    request.filters = {{TaviString(IDS_SEC_SPAM_FILTER_TEXT), QStringLiteral("*.txt")},
+                       {TaviString(IDS_SEC_TLS_FILTER_ALL), QStringLiteral("*")}};
+    request.defaultExtension = QStringLiteral("txt");
+    request.flags = Ofn::HideReadOnly | (save ? Ofn::OverwritePrompt : Ofn::FileMustExist);
+    return request;
+}
+} // namespace
+
+// Entries separated by line ends, commas or blanks; a line starting with "#" is a comment. What is
+// already listed is skipped; entries that are neither host names nor address patterns are counted and
+// reported once.
+void CSpamListDlg::onImport()
+{
+    CFileDialogRequest request = textFileRequest(false);
+    if (!platform().fileDialog(this, request))
+        return;
+    QFile file(request.fileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        taviMessageBox(TaviFormat(TaviString(IDS_SEC_SPAM_READ_FAILED), {request.fileName, file.errorString()}),
+                       Mb::Ok | Mb::IconExclamation);
+        return;
+    }
+    static const QRegularExpression separators(QStringLiteral("[,\\s]+"));
+    int refused = 0;
+    {
+        CWaitCursor wait;
+        QStringList entries;
+        while (!file.atEnd()) {
+            const QString line = QString::fromUtf8(file.readLine()).trimmed();
+            if (!line.startsWith(QLatin1Char('#')))
+                entries += line.split(separators, Qt::SkipEmptyParts);
+        }
+        m_list->appendEntries(entries, &refused);
+    }
+    if (refused > 0)
+        taviMessageBox(TaviFormat(TaviString(IDS_SEC_SPAM_IMPORT_REFUSED), {QString::number(refused)}),
+                       Mb::Ok | Mb::IconExclamation);
+}
+
+// One entry per line, written whole or not at all.
+void CSpamListDlg::onExport()
+{
+    CFileDialogRequest request = textFileRequest(true);
+    if (!platform().fileDialog(this, request))
+        return;
+    QSaveFile file(request.fileName);
+    bool ok = file.open(QIODevice::WriteOnly | QIODevice::Text);
+    for (const QString& entry : m_list->entries()) {
+        if (!ok)
+            break;
+        ok = file.write(entry.toUtf8() + '\n') >= 0;
+    }
+    if (!ok || !file.commit())
+        taviMessageBox(TaviFormat(TaviString(IDS_SEC_SPAM_WRITE_FAILED), {request.fileName, file.errorString()}),
+                       Mb::Ok | Mb::IconExclamation);
 }

@@ -25,6 +25,8 @@ protected:
 
 private:
     void updateSummary();
+    void onImport();
+    void onExport();
 
     CStringListEdit* m_list = nullptr;
     QLabel* m_summary = nullptr;

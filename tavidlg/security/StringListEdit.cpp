@@ -86,6 +86,32 @@ QStringList CStringListEdit::entries() const
     return out;
 }
 
+int CStringListEdit::appendEntries(const QStringList& entries, int* refused)
+{
+    QStringList added;
+    int bad = 0;
+    for (const QString& raw : entries) {
+        const QString entry = raw.trimmed();
+        if (entry.isEmpty())
+            continue;
+        if (m_check && !m_check(entry).isEmpty()) {
+            ++bad;
+            continue;
+        }
+        if (m_keys.contains(entry.toLower()))
+            continue;
+        m_keys.insert(entry.toLower());
+        added.append(entry);
+    }
+    m_list->addItems(added);
+    if (refused)
+        *refused = bad;
+    if (!added.isEmpty())
+        emit changed();
+    updateButtons();
+    return int(added.size());
+}
+
 int CStringListEdit::count() const
 {
     return m_list->count();

@@ -28,6 +28,9 @@ public:
     void setPlaceholderText(const QString& text);
     void setEntries(const QStringList& entries);
     QStringList entries() const;
+    // Appends the entries that pass the check and are not in the list yet, in their order; returns how
+    // many were added, *refused the number that failed the check.
+    int appendEntries(const QStringList& entries, int* refused);
     int count() const;
     QListWidget* list() const { return m_list; }
     QLineEdit* edit() const { return m_edit; }
