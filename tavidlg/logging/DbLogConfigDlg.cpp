@@ -145,6 +145,8 @@ void CDbLogConfigDlg::initDialog()
     ReadServerString(server(), kSection, "ConnectionUri", m_uriRead, kCommandBufferSize);
     ReadServerNumber(server(), kSection, "RetentionDays", m_retentionRead, 30);
     ReadServerNumber(server(), kSection, "EventKinds", m_eventsRead, DbLogEvents::All);
+    // The local file system can be browsed only when the server runs on this machine.
+    m_browseButton->setVisible(IsLocalMachine(server()) != 0);
 }
 
 quint32 CDbLogConfigDlg::chosenTarget() const
@@ -213,12 +215,16 @@ bool CDbLogConfigDlg::exchange(bool save)
 
 bool CDbLogConfigDlg::checkTarget(quint32 target)
 {
+    // A file on another machine cannot be looked at from here; only the form of its path is checked.
+    const bool local = IsLocalMachine(server()) != 0;
     if (target == DbLogTarget::SqliteFile) {
         const QString file = m_fileEdit->text().trimmed();
         const QFileInfo info(file);
         QString message;
         if (file.isEmpty() || info.isRelative())
             message = TaviString(IDS_DBLOG_FILE_NOT_ABSOLUTE);
+        else if (!local)
+            return true;
         else if (info.isDir())
             message = TaviFormat(TaviString(IDS_DBLOG_FILE_IS_FOLDER), {file});
         else if (!info.absoluteDir().exists())

@@ -56,6 +56,9 @@ const TaviStringEntry kStrings[] = {
     {IDS_SEC_TLS_FILTER_ALL, QT_TRANSLATE_NOOP("TaviStrings", "All files")},
     {IDS_SEC_TLS_CHOOSE_CERT, QT_TRANSLATE_NOOP("TaviStrings", "Certificate File")},
     {IDS_SEC_TLS_CHOOSE_KEY, QT_TRANSLATE_NOOP("TaviStrings", "Private Key File")},
+    {IDS_SEC_TLS_REMOTE, QT_TRANSLATE_NOOP("TaviStrings",
+        "The files are on the mail server's machine, so they cannot be checked from here. Make sure they "
+        "are there and that the key belongs to the certificate.")},
 };
 
 const CStringTableRegistrar registrar(kStrings);

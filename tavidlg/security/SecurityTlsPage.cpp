@@ -103,6 +103,10 @@ CSecurityTlsPage::CSecurityTlsPage(_tMailServer* server) : CTaviPropertyPage(tr(
 
 void CSecurityTlsPage::initPage()
 {
+    // The files are on the server's machine: they can be browsed for and checked only from there.
+    m_local = IsLocalMachine(m_server) != 0;
+    m_certBrowse->setVisible(m_local);
+    m_keyBrowse->setVisible(m_local);
     ReadServerNumber(m_server, kSection, "StartTls", m_modeRead, 0);
     ReadServerString(m_server, kSection, "CertificateFile", m_certRead, kPathBufferSize);
     ReadServerString(m_server, kSection, "PrivateKeyFile", m_keyRead, kPathBufferSize);
@@ -117,6 +121,10 @@ quint32 CSecurityTlsPage::chosenMode() const
 void CSecurityTlsPage::showStatus()
 {
     const QString cert = m_certEdit->text().trimmed(), key = m_keyEdit->text().trimmed();
+    if (!m_local) {
+        m_statusLabel->setText(TaviString(IDS_SEC_TLS_REMOTE));
+        return;
+    }
     if (cert.isEmpty() && key.isEmpty()) {
         m_statusLabel->clear();
         return;
@@ -141,7 +149,7 @@ bool CSecurityTlsPage::exchange(bool save)
     // The files are checked when TLS is to be used with files that are new to it.
     const bool used = mode != 0 || !cert.isEmpty() || !key.isEmpty();
     const bool changed = cert != m_certRead || key != m_keyRead || (mode != 0 && m_modeRead == 0);
-    if (!used || !changed)
+    if (!used || !changed || !m_local)
         return true;
     const TlsCheckResult result = checkTlsFiles(cert, key, platform().currentTime());
     if (result.problem != TlsCheckResult::None) {

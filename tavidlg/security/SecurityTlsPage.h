@@ -42,6 +42,7 @@ private:
     QLabel* m_statusLabel = nullptr;
     QComboBox* m_protocolCombo = nullptr;
 
+    bool m_local = true;
     quint32 m_modeRead = 0, m_protocolRead = TlsVersion::Tls12;
     QString m_certRead, m_keyRead;
 };

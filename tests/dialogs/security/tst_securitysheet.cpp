@@ -72,6 +72,7 @@ private Q_SLOTS:
     void dhapRoundTripAndProbation();
     void tlsFilesChecked_data();
     void tlsFilesChecked();
+    void remoteServerFilesNotChecked();
     void cancelWritesNothing();
     void failedWriteNamedAndSheetStaysOpen();
 
@@ -396,6 +397,30 @@ void tst_SecuritySheet::tlsFilesChecked()
     QCOMPARE(status, m_platform->messages()[0]);
     QCOMPARE(focused, focus);
     QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
+}
+
+// The files of a server managed from another machine are on that machine: they are stored as typed,
+// not looked for here, and there is nothing to browse.
+void tst_SecuritySheet::remoteServerFilesNotChecked()
+{
+    QVERIFY(m_store->setString("Machine", "MachineName", QStringLiteral("mx9.elsewhere.example")));
+    QString status;
+    bool browseVisible = true;
+    const int result = Harness::runEntry("EditSecurity", 0, *m_store, [&](QDialog* d) {
+        showPage(d, "CSecurityTlsPage");
+        browseVisible = Harness::control<QPushButton>(d, "btnBrowseCertificate")->isVisible();
+        Harness::clickButton(d, "radStartTlsOffered");
+        Harness::typeInto(Harness::control<QLineEdit>(d, "edtCertificateFile"), QStringLiteral("/etc/tls/mx9.pem"));
+        Harness::typeInto(Harness::control<QLineEdit>(d, "edtPrivateKeyFile"), QStringLiteral("/etc/tls/mx9.key"));
+        status = Harness::control<QLabel>(d, "lblCertificateStatus")->text();
+        Harness::clickButton(d, "btnOK");
+    });
+    QCOMPARE(result, 1);
+    QVERIFY(!browseVisible);
+    QVERIFY2(status.contains(QLatin1String("cannot be checked from here")), qPrintable(status));
+    QCOMPARE(m_platform->messages(), QStringList());
+    QCOMPARE(m_store->string("TLS", "CertificateFile"), QStringLiteral("/etc/tls/mx9.pem"));
+    QCOMPARE(m_store->number("TLS", "StartTls"), std::optional<quint32>(1));
 }
 
 void tst_SecuritySheet::cancelWritesNothing()
