@@ -12,6 +12,8 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
+#include <QSortFilterProxyModel>
 #include <QLocale>
 #include <QPushButton>
 #include <QStandardItemModel>
@@ -54,9 +56,19 @@ CProbationListDlg::CProbationListDlg(QWidget* parent, _tMailServer* server) : CT
     intro->setWordWrap(true);
     m_model = new QStandardItemModel(0, 2, this);
     m_model->setHorizontalHeaderLabels({tr("Address"), tr("On probation until")});
+    m_proxy = new QSortFilterProxyModel(this);
+    m_proxy->setSourceModel(m_model);
+    m_proxy->setFilterKeyColumn(0);
+    m_proxy->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_filterEdit = new QLineEdit(this);
+    m_filterEdit->setObjectName(QStringLiteral("edtFilter"));
+    m_filterEdit->setPlaceholderText(tr("part of an address"));
+    m_filterEdit->setClearButtonEnabled(true);
+    auto* filterLabel = new QLabel(tr("F&ind:"), this);
+    filterLabel->setBuddy(m_filterEdit);
     m_view = new QTreeView(this);
     m_view->setObjectName(QStringLiteral("lstProbation"));
-    m_view->setModel(m_model);
+    m_view->setModel(m_proxy);
     m_view->setRootIsDecorated(false);
     m_view->setUniformRowHeights(true);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -83,8 +95,12 @@ CProbationListDlg::CProbationListDlg(QWidget* parent, _tMailServer* server) : CT
     help->setObjectName(QStringLiteral("btnHelp"));
     connect(box, &QDialogButtonBox::rejected, this, &CProbationListDlg::reject);
     connect(box, &QDialogButtonBox::helpRequested, this, &CProbationListDlg::showHelp);
+    auto* filterRow = new QHBoxLayout;
+    filterRow->addWidget(filterLabel);
+    filterRow->addWidget(m_filterEdit, 1);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(intro);
+    layout->addLayout(filterRow);
     layout->addWidget(m_view, 1);
     layout->addLayout(row);
     layout->addWidget(box);
@@ -92,13 +108,18 @@ CProbationListDlg::CProbationListDlg(QWidget* parent, _tMailServer* server) : CT
     connect(m_releaseButton, &QPushButton::clicked, this, &CProbationListDlg::onRelease);
     connect(m_refreshButton, &QPushButton::clicked, this, &CProbationListDlg::refresh);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CProbationListDlg::updateButtons);
+    connect(m_filterEdit, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_view->clearSelection();
+        m_proxy->setFilterFixedString(text.trimmed());
+        updateButtons();
+    });
 }
 
 CProbationListDlg::~CProbationListDlg() = default;
 
 int CProbationListDlg::rowCount() const
 {
-    return m_model->rowCount();
+    return m_proxy->rowCount();
 }
 
 void CProbationListDlg::initDialog()

@@ -10,6 +10,8 @@
 #include <QList>
 
 class QLabel;
+class QLineEdit;
+class QSortFilterProxyModel;
 class QPushButton;
 class QStandardItemModel;
 class QTreeView;
@@ -29,6 +31,7 @@ public:
     CProbationListDlg(QWidget* parent, _tMailServer* server);
     ~CProbationListDlg() override;
 
+    // Rows shown (after the filter).
     int rowCount() const;
     // Reads the list again and shows the entries that have not expired, soonest expiry first.
     void refresh();
@@ -42,6 +45,8 @@ private:
 
     QTreeView* m_view = nullptr;
     QStandardItemModel* m_model = nullptr;
+    QSortFilterProxyModel* m_proxy = nullptr;
+    QLineEdit* m_filterEdit = nullptr;
     QLabel* m_countLabel = nullptr;
     QPushButton* m_releaseButton = nullptr;
     QPushButton* m_refreshButton = nullptr;

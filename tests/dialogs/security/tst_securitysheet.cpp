@@ -304,6 +304,12 @@ void tst_SecuritySheet::dhapRoundTripAndProbation()
             for (int i = 0; i < view->model()->rowCount(); ++i)
                 shown << view->model()->index(i, 0).data().toString();
             QVERIFY(!Harness::control<QPushButton>(list, "btnRelease")->isEnabled());
+            // The filter narrows the rows without touching the list.
+            Harness::typeInto(Harness::control<QLineEdit>(list, "edtFilter"), QStringLiteral("0.2.2"));
+            QCOMPARE(view->model()->rowCount(), 1);
+            QCOMPARE(view->model()->index(0, 0).data().toString(), QStringLiteral("192.0.2.2"));
+            Harness::typeInto(Harness::control<QLineEdit>(list, "edtFilter"), QString());
+            QCOMPARE(view->model()->rowCount(), 2);
             view->selectionModel()->select(view->model()->index(0, 0),
                                            QItemSelectionModel::Select | QItemSelectionModel::Rows);
             Harness::clickButton(list, "btnRelease");
