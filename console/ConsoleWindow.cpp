@@ -412,7 +412,10 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
         const QVariant service = item->data(0, Qt::UserRole + 1).isValid() ? item->data(0, Qt::UserRole + 1)
                                                                            : item->data(0, Qt::UserRole + 2);
         const int result = openDialog(row, QString(), service.toString());
-        const QString what = item->text(0);
+        // A service's "Properties..." is named after its service in the status line.
+        const QString what = item->data(0, Qt::UserRole + 2).isValid() && item->parent()
+                               ? item->parent()->text(0) + QStringLiteral(" properties")
+                               : item->text(0);
         if (result == 1)
             m_status->setText(QStringLiteral("%1: closed with OK").arg(what));
         else if (result == 2)
