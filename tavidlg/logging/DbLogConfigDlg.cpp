@@ -26,7 +26,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr unsigned kHelpContext = 2048;
+constexpr unsigned kHelpContext = 2118;
 constexpr const char* kSection = "DbLog";
 constexpr int kMaxRetention = 3650;
 

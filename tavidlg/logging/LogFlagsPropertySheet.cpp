@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr unsigned kHelpContext = 2047;
+constexpr unsigned kHelpContext = 2117;
 
 QString translated(const char* text)
 {

@@ -25,7 +25,7 @@
 #include <algorithm>
 
 namespace {
-constexpr unsigned kHelpContext = 2045;
+constexpr unsigned kHelpContext = 2115;
 constexpr const char* kSection = "DHAP";
 constexpr const char* kProperty = "Probation";
 } // namespace

@@ -24,8 +24,8 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr unsigned kHelpContext = 2041;
-constexpr unsigned kSubnetHelpContext = 2049;
+constexpr unsigned kHelpContext = 2111;
+constexpr unsigned kSubnetHelpContext = 2119;
 constexpr const char* kReceiver = "SMTPRA";
 constexpr const char* kSubnetProperty = "RejectAllMailFromSubnets";
 

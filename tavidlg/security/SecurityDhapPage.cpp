@@ -14,7 +14,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr unsigned kHelpContext = 2042;
+constexpr unsigned kHelpContext = 2112;
 constexpr const char* kSection = "DHAP";
 } // namespace
 

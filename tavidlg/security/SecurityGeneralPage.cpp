@@ -16,7 +16,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr unsigned kHelpContext = 2040;
+constexpr unsigned kHelpContext = 2110;
 constexpr const char* kReceiver = "SMTPRA";
 constexpr const char* kSecurity = "Security";
 

@@ -19,7 +19,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr unsigned kHelpContext = 2043;
+constexpr unsigned kHelpContext = 2113;
 constexpr const char* kSection = "TLS";
 } // namespace
 

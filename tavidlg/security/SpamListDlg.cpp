@@ -19,7 +19,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr unsigned kHelpContext = 2044;
+constexpr unsigned kHelpContext = 2114;
 }
 
 CSpamListDlg::CSpamListDlg(QWidget* parent, _tMailServer* server, const QStringList& entries)

@@ -26,7 +26,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr unsigned kHelpContext = 2046;
+constexpr unsigned kHelpContext = 2116;
 constexpr quint32 kMaxWorkers = 10000;
 constexpr quint32 kMaxTimeout = 86400;
 
