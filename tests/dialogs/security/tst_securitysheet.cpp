@@ -73,6 +73,7 @@ private Q_SLOTS:
     void tlsFilesChecked_data();
     void tlsFilesChecked();
     void remoteServerFilesNotChecked();
+    void helpPerPage();
     void cancelWritesNothing();
     void failedWriteNamedAndSheetStaysOpen();
 
@@ -427,6 +428,22 @@ void tst_SecuritySheet::remoteServerFilesNotChecked()
     QCOMPARE(m_platform->messages(), QStringList());
     QCOMPARE(m_store->string("TLS", "CertificateFile"), QStringLiteral("/etc/tls/mx9.pem"));
     QCOMPARE(m_store->number("TLS", "StartTls"), std::optional<quint32>(1));
+}
+
+// F1 on each page asks for that page's own topic.
+void tst_SecuritySheet::helpPerPage()
+{
+    Harness::runEntry("EditSecurity", 0, *m_store, [&](QDialog* d) {
+        for (const char* page : {"CSecurityGeneralPage", "CSecurityAntiSpamPage", "CSecurityDhapPage", "CSecurityTlsPage"}) {
+            showPage(d, page);
+            Harness::pressKey(d, Qt::Key_F1);
+        }
+        Harness::clickButton(d, "btnCancel");
+    });
+    QList<unsigned> asked;
+    for (const CRecordedCall& call : m_platform->callsOf(QStringLiteral("help")))
+        asked << call.style - 0x20000;
+    QCOMPARE(asked, QList<unsigned>({2110, 2111, 2112, 2113}));
 }
 
 void tst_SecuritySheet::cancelWritesNothing()
