@@ -93,6 +93,15 @@ TAVIDLG_API int EditLogFlags(TaviOwner owner, _tMailServer* server, const char* 
                              uint32_t allowed);
 
 /* Delivery schedules and routing. */
+/* The delivery retry schedule ("RetrySchedule"); an unchanged OK returns 2. */
+TAVIDLG_API int EditElapsedTimeSchedule(TaviOwner owner, _tMailServer* server);
+/* The weekday and weekend time-of-day schedules and the dial-up link's state. */
+TAVIDLG_API int EditDialupSchedule(TaviOwner owner, _tMailServer* server);
+/* Which domains use the retry schedule, and an immediate retry for chosen domains; an unchanged OK
+ * returns 2. */
+TAVIDLG_API int ScheduleManagementDialog(TaviOwner owner, _tMailServer* server);
+/* The manual route table; an untouched table is not rewritten and OK returns 2. */
+TAVIDLG_API int EditRoutes(TaviOwner owner, _tMailServer* server);
 
 /* Security: the security sheet, the server's address lists and the wireless carriers. */
 /* The security sheet: authentication and lockout, anti-spam, directory harvest attack protection, TLS. */
