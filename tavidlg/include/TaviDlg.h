@@ -62,6 +62,7 @@ TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
 /* Security: the security sheet, the server's address lists and the wireless carriers. */
 
 /* Protection wizards. */
+TAVIDLG_API int AntiSpamWizard(TaviOwner owner, _tMailServer* server);
 
 /* Domains. */
 
