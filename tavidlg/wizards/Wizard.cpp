@@ -15,7 +15,7 @@ constexpr unsigned kHelpContextBase = 0x20000;
 
 CWizard::CWizard(const QString& caption, QWidget* parent, int startPage, const QPixmap& header,
                  const QPixmap& watermark)
-    : QWizard(parent), m_header(header), m_watermark(watermark)
+    : QWizard(parent), m_header(header), m_watermark(watermark), m_startPage(startPage)
 {
     setObjectName(QStringLiteral("CWizard"));
     setWindowTitle(caption);
@@ -26,7 +26,6 @@ CWizard::CWizard(const QString& caption, QWidget* parent, int startPage, const Q
     setOption(HaveNextButtonOnLastPage, false);
     setOption(HaveHelpButton, false);
     setPixmap(LogoPixmap, m_header);
-    setStartId(startPage);
 
     // Back must be able to refuse and must save the page first, which QWizard's own slot does not do.
     QAbstractButton* backButton = button(BackButton);
@@ -51,6 +50,8 @@ void CWizard::SetServer(_tMailServer* server)
 void CWizard::addWizardPage(CWizardPage* page)
 {
     setPage(int(m_pages.size()), page);
+    if (m_pages.size() == m_startPage)
+        setStartId(m_startPage);
     m_pages.append(page);
 }
 

@@ -92,6 +92,7 @@ private:
     QList<CWizardPage*> m_pages;
     CWizardPage* m_active = nullptr;
     int m_pendingJump = -1;
+    int m_startPage = 0;
     bool m_prepared = false;
 };
 

@@ -102,27 +102,27 @@ namespace {
 // Tells the editor whether the label edit that ends was accepted.
 class CLabelDelegate : public QStyledItemDelegate {
 public:
-    CLabelDelegate(QObject* parent, std::function<void(const QModelIndex&)> started,
-                   std::function<void(bool)> committed)
+    CLabelDelegate(QObject* parent, std::function<void(QWidget*, const QModelIndex&)> started,
+                   std::function<void(QWidget*, bool)> committed)
         : QStyledItemDelegate(parent), m_started(std::move(started)), m_committed(std::move(committed))
     {
     }
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        m_started(index);
         QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
         editor->setObjectName(QStringLiteral("edtLabel"));
+        m_started(editor, index);
         return editor;
     }
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override
     {
         auto* edit = qobject_cast<QLineEdit*>(editor);
-        m_committed(edit && model->setData(index, edit->text(), Qt::EditRole));
+        m_committed(editor, edit && model->setData(index, edit->text(), Qt::EditRole));
     }
 
 private:
-    std::function<void(const QModelIndex&)> m_started;
-    std::function<void(bool)> m_committed;
+    std::function<void(QWidget*, const QModelIndex&)> m_started;
+    std::function<void(QWidget*, bool)> m_committed;
 };
 
 } // namespace
@@ -161,14 +161,25 @@ CWizardListEditor::CWizardListEditor(const QString& header, const QString& newTe
         layout->addWidget(m_toolBar);
 
         m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-        m_view->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+        m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                                QAbstractItemView::SelectedClicked);
         auto* delegate = new CLabelDelegate(
-            this, [this](const QModelIndex& index) { m_editing = index; m_editAccepted = false; },
-            [this](bool accepted) { m_editAccepted = accepted; });
+            this,
+            [this](QWidget* editor, const QModelIndex& index) {
+                // Editing a row again (double-click, F2, a click on the selected row) makes it an
+                // ordinary row: refusing that edit keeps it.
+                if (!m_adding)
+                    m_justAdded = QPersistentModelIndex();
+                m_editor = editor;
+                m_editing = index;
+                m_editAccepted = false;
+            },
+            [this](QWidget* editor, bool accepted) {
+                if (editor == m_editor)
+                    m_editAccepted = accepted;
+            });
         m_view->setItemDelegate(delegate);
-        connect(delegate, &QAbstractItemDelegate::closeEditor, this, &CWizardListEditor::onEditorClosed,
-                Qt::QueuedConnection);
-        connect(m_view, &QAbstractItemView::doubleClicked, this, &CWizardListEditor::onDoubleClicked);
+        connect(delegate, &QAbstractItemDelegate::closeEditor, this, &CWizardListEditor::onEditorClosed);
         connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CWizardListEditor::updateActions);
         connect(m_model, &QAbstractItemModel::modelReset, this, &CWizardListEditor::updateActions);
         connect(m_model, &QAbstractItemModel::rowsRemoved, this, &CWizardListEditor::updateActions);
@@ -252,7 +263,9 @@ void CWizardListEditor::addEntry()
     m_model->insertEntry(row, m_newText);
     selectRow(row);
     m_justAdded = m_model->index(row, 0);
+    m_adding = true;
     editRow(row);
+    m_adding = false;
 }
 
 void CWizardListEditor::deleteSelected()
@@ -292,25 +305,22 @@ void CWizardListEditor::moveDown()
     moveSelected(1);
 }
 
-void CWizardListEditor::onDoubleClicked()
+void CWizardListEditor::onEditorClosed(QWidget* editor)
 {
-    const QList<int> rows = selectedRows();
-    if (rows.size() != 1)
+    // An editor may report its end twice (closed, then losing the focus); only the first counts.
+    if (!editor || editor != m_editor)
         return;
-    m_justAdded = QPersistentModelIndex();
-    editRow(rows.first());
-}
-
-void CWizardListEditor::onEditorClosed()
-{
+    m_editor = nullptr;
     const QPersistentModelIndex edited = m_editing;
     m_editing = QPersistentModelIndex();
     if (!edited.isValid() || edited != m_justAdded)
         return;
     m_justAdded = QPersistentModelIndex();
-    // A row just added that was not given an acceptable text goes again.
-    if (!m_editAccepted)
-        m_model->removeRanges({{edited.row(), edited.row()}});
+    if (m_editAccepted)
+        return;
+    // A row just added that was not given an acceptable text goes again (the view, connected first,
+    // has let go of the editor by now).
+    m_model->removeRanges({{edited.row(), edited.row()}});
 }
 
 void CWizardListEditor::updateActions()

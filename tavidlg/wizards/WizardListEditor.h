@@ -8,6 +8,7 @@
 
 #include <QAbstractListModel>
 #include <QPersistentModelIndex>
+#include <QPointer>
 #include <QStringList>
 #include <QWidget>
 
@@ -74,8 +75,7 @@ private:
     void selectRow(int row);
     void editRow(int row);
     void moveSelected(int offset);
-    void onDoubleClicked();
-    void onEditorClosed();
+    void onEditorClosed(QWidget* editor);
     void updateActions();
     QAction* makeAction(const char* name, unsigned tipId, const QString& icon, void (CWizardListEditor::*slot)());
 
@@ -89,6 +89,8 @@ private:
     QString m_newText;
     double m_columnShare = 1.0;
     QPersistentModelIndex m_justAdded;
+    QPointer<QWidget> m_editor;
     QPersistentModelIndex m_editing;
     bool m_editAccepted = false;
+    bool m_adding = false;
 };
