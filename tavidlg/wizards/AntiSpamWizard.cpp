@@ -238,6 +238,7 @@ CAntiSpamWizard_3_1::CAntiSpamWizard_3_1(CWizard* wizard)
     m_known = new QComboBox(this);
     m_known->setObjectName(QStringLiteral("cboKnownServices"));
     QLabel* knownLabel = makeWizardText(tr("&Well known black list services:"), "lblKnownServices", this);
+    knownLabel->setWordWrap(false);
     knownLabel->setBuddy(m_known);
     buildList(tr("Enter a list of blacklist services and associated explanatory URLs.  Either edit the list "
                  "directly or choose from the the list of known services"),

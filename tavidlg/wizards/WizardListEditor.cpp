@@ -137,7 +137,7 @@ CWizardListEditor::CWizardListEditor(const QString& header, const QString& newTe
     m_view->setRootIsDecorated(false);
     m_view->setUniformRowHeights(true);
     m_view->setAllColumnsShowFocus(true);
-    m_view->header()->setStretchLastSection(false);
+    m_view->header()->setStretchLastSection(true);
     m_view->header()->setSectionsMovable(false);
     m_view->setAccessibleName(header);
 
@@ -222,13 +222,16 @@ void CWizardListEditor::appendAndSelect(const QString& text)
 void CWizardListEditor::setColumnShare(double share)
 {
     m_columnShare = share;
-    m_view->header()->resizeSection(0, int(m_view->viewport()->width() * m_columnShare));
+    m_view->header()->setStretchLastSection(share >= 1.0);
+    if (share < 1.0)
+        m_view->header()->resizeSection(0, int(m_view->viewport()->width() * m_columnShare));
 }
 
 void CWizardListEditor::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    m_view->header()->resizeSection(0, int(m_view->viewport()->width() * m_columnShare));
+    if (m_columnShare < 1.0)
+        m_view->header()->resizeSection(0, int(m_view->viewport()->width() * m_columnShare));
 }
 
 QList<int> CWizardListEditor::selectedRows() const
