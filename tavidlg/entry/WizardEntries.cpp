@@ -1,6 +1,8 @@
 // Entry points of the protection wizards: the wizard gets its watermark (picture 10129) and header
 // picture (10130), the server handle, and runs modally; the pictures go after the wizard.
 #include "entry/EntryFrame.h"
+#include "wizards/AntiDoSWizard.h"
+#include "wizards/AntiRelayWizard.h"
 #include "wizards/AntiSpamWizard.h"
 
 #include <QPixmap>
@@ -29,4 +31,14 @@ int runWizard(TaviOwner owner, _tMailServer* server)
 extern "C" TAVIDLG_API int AntiSpamWizard(TaviOwner owner, _tMailServer* server)
 {
     return runWizard<CAntiSpamWizard>(owner, server);
+}
+
+extern "C" TAVIDLG_API int AntiRelayWizard(TaviOwner owner, _tMailServer* server)
+{
+    return runWizard<CAntiRelayWizard>(owner, server);
+}
+
+extern "C" TAVIDLG_API int AntiDoSWizard(TaviOwner owner, _tMailServer* server)
+{
+    return runWizard<CAntiDoSWizard>(owner, server);
 }

@@ -63,6 +63,8 @@ TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
 
 /* Protection wizards. */
 TAVIDLG_API int AntiSpamWizard(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int AntiRelayWizard(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int AntiDoSWizard(TaviOwner owner, _tMailServer* server);
 
 /* Domains. */
 

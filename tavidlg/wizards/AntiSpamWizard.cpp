@@ -31,38 +31,12 @@ CWizardPage* pageOf(CWizardPage* page, CAntiSpamWizard::Page which)
     return page->sheet()->wizardPage(which);
 }
 
-// The exterior pages: a large heading and a text beside the watermark.
-void buildExterior(CWizardPage* page, const QString& heading, const QString& text)
-{
-    auto* layout = new QVBoxLayout(page);
-    QLabel* title = makeWizardText(heading, "lblHeading", page);
-    QFont font = title->font();
-    font.setPointSizeF(font.pointSizeF() * 1.5);
-    font.setBold(true);
-    title->setFont(font);
-    layout->addWidget(title);
-    layout->addSpacing(12);
-    layout->addWidget(makeWizardText(text, "lblText", page));
-    layout->addStretch(1);
-}
-
 } // namespace
 
 QStringList wellKnownBlacklistZones()
 {
     return {QStringLiteral("sbl.spamhaus.org"), QStringLiteral("pbl.spamhaus.org"),
             QStringLiteral("smtp.dnsbl.sorbs.net")};
-}
-
-bool isBlacklistHostName(const QString& entry)
-{
-    const qsizetype start = entry.startsWith(QLatin1Char('!')) ? 1 : 0;
-    for (qsizetype i = start; i < entry.size(); ++i) {
-        const QChar c = entry.at(i);
-        if (!(c.isDigit() && c.unicode() < 128) && c != QLatin1Char('.') && c != QLatin1Char('*'))
-            return true;
-    }
-    return false;
 }
 
 CAntiSpamWizard::CAntiSpamWizard(QWidget* parent, const QPixmap& watermark, const QPixmap& header)
@@ -93,7 +67,7 @@ CAntiSpamWizard_1::CAntiSpamWizard_1(CWizard* wizard) : CWizardPage(10103, wizar
 {
     setObjectName(QStringLiteral("CAntiSpamWizard_1"));
     setWindowTitle(tr("Initial qualification"));
-    buildExterior(this, tr("Welcome to the SMTP Security Wizard"),
+    buildWizardExterior(this, tr("Welcome to the SMTP Security Wizard"),
                   tr("This wizard helps you protect the SMTP receiver against unsolicited mail: it can block "
                      "servers without a DNS host name, check DNS blacklist services, keep a private blacklist "
                      "of mail servers, block return addresses, insist on qualified addresses and limit the "
@@ -296,50 +270,13 @@ CWizardPage* CAntiSpamWizard_4::GetJumpTarget()
 // ---- 6 Specify private blacklist ------------------------------------------------------------------
 
 CAntiSpamWizard_4_1::CAntiSpamWizard_4_1(CWizard* wizard)
-    : CWizardListPage(10115, wizard, tr("Specify private blacklist"), kRejectAllMailFrom, true)
+    : CWizardHostListPage(10115, wizard, tr("Specify private blacklist"), kRejectAllMailFrom)
 {
     setObjectName(QStringLiteral("CAntiSpamWizard_4_1"));
     setWindowTitle(tr("Private Blacklist"));
     buildList(tr("Specify additional mail server IP addresses or host names from which you do not want to "
                  "receive mail. If names are specified tne DNS lookup feature will be enabled."),
               tr("&Private blacklist:"), tr("The only column"), tr("new domain"), "lstRejectAllMailFrom");
-}
-
-void CAntiSpamWizard_4_1::LoadSettings()
-{
-    CWizardListPage::LoadSettings();
-    sheet()->GetDword(kLookupIncomingCalls, nullptr, m_loadedLookup);
-}
-
-void CAntiSpamWizard_4_1::RememberInitialValues()
-{
-    CWizardListPage::RememberInitialValues();
-    m_firstLookup = m_loadedLookup;
-}
-
-bool CAntiSpamWizard_4_1::ReadControls()
-{
-    CWizardListPage::ReadControls();
-    m_lookup = m_loadedLookup;
-    if (m_lookup == 0) {
-        // Host names can only be matched with DNS lookups.
-        const QStringList entries = listEditor()->entries();
-        if (std::any_of(entries.cbegin(), entries.cend(), isBlacklistHostName))
-            m_lookup = 1;
-    }
-    return true;
-}
-
-void CAntiSpamWizard_4_1::SaveSettings()
-{
-    CWizardListPage::SaveSettings();
-    sheet()->SetDword(kLookupIncomingCalls, nullptr, m_lookup);
-}
-
-void CAntiSpamWizard_4_1::RestoreInitialValues()
-{
-    CWizardListPage::RestoreInitialValues();
-    sheet()->SetDword(kLookupIncomingCalls, nullptr, m_firstLookup);
 }
 
 CWizardPage* CAntiSpamWizard_4_1::GetJumpTarget()
@@ -502,7 +439,7 @@ CAntiSpamWizard_7::CAntiSpamWizard_7(CWizard* wizard) : CWizardPage(10120, wizar
 {
     setObjectName(QStringLiteral("CAntiSpamWizard_7"));
     setWindowTitle(tr("Finish"));
-    buildExterior(this, tr("Exit SMTP Wizard"),
+    buildWizardExterior(this, tr("Exit SMTP Wizard"),
                   tr("You have completed configuring Velbrook’s SMTP security features.  Click Finish to start "
                      "using the new configuration."));
 }

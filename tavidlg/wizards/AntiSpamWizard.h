@@ -23,9 +23,6 @@ public:
 // The well-known DNS blacklist zones offered on the blacklist services page: hosts known to send spam,
 // dial-up and other dynamic address ranges, open relays.
 TAVI_EXPORT QStringList wellKnownBlacklistZones();
-// Whether an entry of the private blacklist names a host rather than an IP pattern (after one leading
-// "!", anything but digits, "." and "*").
-TAVI_EXPORT bool isBlacklistHostName(const QString& entry);
 
 class TAVI_EXPORT CAntiSpamWizard_1 : public CWizardPage {
     Q_OBJECT
@@ -99,21 +96,13 @@ private:
     QString m_text;
 };
 
-class TAVI_EXPORT CAntiSpamWizard_4_1 : public CWizardListPage {
+class TAVI_EXPORT CAntiSpamWizard_4_1 : public CWizardHostListPage {
     Q_OBJECT
 public:
     explicit CAntiSpamWizard_4_1(CWizard* wizard);
 
 protected:
-    void LoadSettings() override;
-    void RememberInitialValues() override;
-    bool ReadControls() override;
-    void SaveSettings() override;
-    void RestoreInitialValues() override;
     CWizardPage* GetJumpTarget() override;
-
-private:
-    quint32 m_loadedLookup = 0, m_lookup = 0, m_firstLookup = 0;
 };
 
 class TAVI_EXPORT CAntiSpamWizard_4_2 : public CWizardChoicePage {

@@ -115,7 +115,12 @@ bool CWizard::validateCurrentPage()
     m_direction = Forward;
     CWizardPage* target = page->GetJumpTarget();
     m_pendingJump = -1;
-    if (target && target != page) {
+    if (target == page) {
+        // A page that steps through several items shows itself again with the next one.
+        activate(currentId());
+        return false;
+    }
+    if (target) {
         jumpWalk(page, target);
         m_pendingJump = indexOf(target);
     }
@@ -163,6 +168,10 @@ void CWizard::goBack()
     }
     const QList<int> visited = visitedIds();
     CWizardPage* target = page->GetJumpTarget();
+    if (target == page) {
+        activate(currentId());
+        return;
+    }
     const int targetId = target ? indexOf(target) : -1;
     if (targetId >= 0 && visited.contains(targetId)) {
         while (currentId() != targetId && currentId() != startId())

@@ -2,11 +2,24 @@
 
 #include "wizards/WizardListEditor.h"
 
+#include <algorithm>
+
 #include <QButtonGroup>
 #include <QLabel>
 #include <QRadioButton>
 #include <QTreeView>
 #include <QVBoxLayout>
+
+bool isHostNameEntry(const QString& entry)
+{
+    const qsizetype start = entry.startsWith(QLatin1Char('!')) ? 1 : 0;
+    for (qsizetype i = start; i < entry.size(); ++i) {
+        const QChar c = entry.at(i);
+        if (!(c >= QLatin1Char('0') && c <= QLatin1Char('9')) && c != QLatin1Char('.') && c != QLatin1Char('*'))
+            return true;
+    }
+    return false;
+}
 
 QLabel* makeWizardText(const QString& text, const char* name, QWidget* parent)
 {
@@ -15,6 +28,20 @@ QLabel* makeWizardText(const QString& text, const char* name, QWidget* parent)
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText);
     return label;
+}
+
+void buildWizardExterior(CWizardPage* page, const QString& heading, const QString& text)
+{
+    auto* layout = new QVBoxLayout(page);
+    QLabel* title = makeWizardText(heading, "lblHeading", page);
+    QFont font = title->font();
+    font.setPointSizeF(font.pointSizeF() * 1.5);
+    font.setBold(true);
+    title->setFont(font);
+    layout->addWidget(title);
+    layout->addSpacing(12);
+    layout->addWidget(makeWizardText(text, "lblText", page));
+    layout->addStretch(1);
 }
 
 CWizardChoicePage::CWizardChoicePage(unsigned templateId, CWizard* wizard, const QString& subtitle,
@@ -126,4 +153,50 @@ void CWizardListPage::SaveSettings()
 void CWizardListPage::RestoreInitialValues()
 {
     sheet()->SetString(m_property, nullptr, m_firstText);
+}
+
+namespace {
+const char kLookupIncomingCalls[] = "LookupIncomingCalls";
+}
+
+CWizardHostListPage::CWizardHostListPage(unsigned templateId, CWizard* wizard, const QString& subtitle,
+                                         const char* property)
+    : CWizardListPage(templateId, wizard, subtitle, property, true)
+{
+}
+
+void CWizardHostListPage::LoadSettings()
+{
+    CWizardListPage::LoadSettings();
+    sheet()->GetDword(kLookupIncomingCalls, nullptr, m_loadedLookup);
+}
+
+void CWizardHostListPage::RememberInitialValues()
+{
+    CWizardListPage::RememberInitialValues();
+    m_firstLookup = m_loadedLookup;
+}
+
+bool CWizardHostListPage::ReadControls()
+{
+    CWizardListPage::ReadControls();
+    m_lookup = m_loadedLookup;
+    if (m_lookup == 0) {
+        const QStringList entries = listEditor()->entries();
+        if (std::any_of(entries.cbegin(), entries.cend(), isHostNameEntry))
+            m_lookup = 1;
+    }
+    return true;
+}
+
+void CWizardHostListPage::SaveSettings()
+{
+    CWizardListPage::SaveSettings();
+    sheet()->SetDword(kLookupIncomingCalls, nullptr, m_lookup);
+}
+
+void CWizardHostListPage::RestoreInitialValues()
+{
+    CWizardListPage::RestoreInitialValues();
+    sheet()->SetDword(kLookupIncomingCalls, nullptr, m_firstLookup);
 }

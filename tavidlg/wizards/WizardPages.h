@@ -9,6 +9,13 @@ class QRadioButton;
 class QVBoxLayout;
 class CWizardListEditor;
 
+// Whether a list entry names a host rather than an IP pattern: after one leading "!" (an exception),
+// anything but digits, "." and "*".
+TAVI_EXPORT bool isHostNameEntry(const QString& entry);
+
+// Fills an exterior (welcome or completion) page: a large heading and a text beside the watermark.
+TAVI_EXPORT void buildWizardExterior(CWizardPage* page, const QString& heading, const QString& text);
+
 // A word-wrapped text of a wizard page.
 TAVI_EXPORT QLabel* makeWizardText(const QString& text, const char* name, QWidget* parent);
 
@@ -89,4 +96,23 @@ private:
     QString m_text;
     QString m_firstText;
     QString m_newText;
+};
+
+// A list of hosts (IP patterns or host names) that also keeps LookupIncomingCalls: host names can only
+// be matched when connecting hosts are looked up in the DNS, so a host name among the rows turns lookup
+// on; IP patterns leave it as it was.
+class TAVI_EXPORT CWizardHostListPage : public CWizardListPage {
+    Q_OBJECT
+public:
+    CWizardHostListPage(unsigned templateId, CWizard* wizard, const QString& subtitle, const char* property);
+
+protected:
+    void LoadSettings() override;
+    void RememberInitialValues() override;
+    bool ReadControls() override;
+    void SaveSettings() override;
+    void RestoreInitialValues() override;
+
+private:
+    quint32 m_loadedLookup = 0, m_lookup = 0, m_firstLookup = 0;
 };

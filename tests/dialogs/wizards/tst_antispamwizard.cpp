@@ -2,6 +2,7 @@
 // store: the page order and its jumps, Back to the page the user came from, restoring pages jumped
 // over, the shared DNS lookup setting, the list pages' editing rules, and what Finish and Cancel write.
 #include "DialogHarness.h"
+#include "WizardDriving.h"
 
 #include "wizards/AntiSpamWizard.h"
 #include "wizards/WizardListEditor.h"
@@ -19,33 +20,8 @@
 
 namespace {
 
-QWizard* wizardOf(QDialog* d)
-{
-    return qobject_cast<QWizard*>(d);
-}
-// Pages are numbered from 1 as the wizard's own page names are.
-int pageNumber(QDialog* d)
-{
-    return wizardOf(d)->currentId() + 1;
-}
-void next(QDialog* d)
-{
-    Harness::clickButton(d, "btnNext");
-}
-void back(QDialog* d)
-{
-    Harness::clickButton(d, "btnBack");
-}
-void choose(QDialog* d, const char* radio)
-{
-    auto* button = Harness::control<QRadioButton>(wizardOf(d)->currentPage(), radio);
-    if (button)
-        button->click();
-}
-CWizardListEditor* listOf(QDialog* d, const char* name)
-{
-    return Harness::control<CWizardListEditor>(wizardOf(d)->currentPage(), name);
-}
+using namespace WizardDriving;
+
 // Goes Next until the page is reached (fails when it is passed); keeps a stored private list on the way.
 void nextTo(QDialog* d, int page)
 {
@@ -589,37 +565,15 @@ void tst_AntiSpamWizard::maxRecipientsMustBeNumber()
 // <dir>/<page class>.png.
 void tst_AntiSpamWizard::pagesShowTheirTexts()
 {
-    const QString shots = qEnvironmentVariable("TAVI_WIZARD_SHOTS");
     QStringList seen, clipped;
-    const auto look = [&](QDialog* d) {
-        auto* page = static_cast<CWizardPage*>(wizardOf(d)->currentPage());
-        seen << page->objectName();
-        const bool exterior = pageNumber(d) == 1 || pageNumber(d) == 12;
-        if (page->title() != (exterior ? QStringLiteral("Velbrook Security") : QStringLiteral("SMTP Security Wizard")))
-            clipped << page->objectName() + QStringLiteral(": title ") + page->title();
-        if (page->subTitle() != (exterior ? QString() : page->subtitle()))
-            clipped << page->objectName() + QStringLiteral(": subtitle");
-        for (QWidget* w : page->findChildren<QWidget*>()) {
-            if (!w->isVisible())
-                continue;
-            auto* label = qobject_cast<QLabel*>(w);
-            const bool text = label || qobject_cast<QAbstractButton*>(w);
-            if (!text)
-                continue;
-            const bool fits = label && label->wordWrap() ? w->height() >= label->heightForWidth(w->width())
-                                                        : w->width() >= w->sizeHint().width();
-            if (!fits || !page->rect().contains(QRect(w->mapTo(page, QPoint(0, 0)), w->size())))
-                clipped << page->objectName() + QLatin1Char('/') + w->objectName();
-        }
-        if (!shots.isEmpty())
-            QVERIFY(d->grab().save(QDir(shots).filePath(page->objectName() + QStringLiteral(".png"))));
-    };
     for (bool privateYes : {true, false}) {
         Harness::runEntry("AntiSpamWizard", 0, *m_store, [&](QDialog* d) {
             d->resize(d->sizeHint());
             for (int guard = 0; guard < 14; ++guard) {
                 QCoreApplication::processEvents();
-                look(d);
+                seen << currentPage(d)->objectName();
+                clipped << misfits(d, QStringLiteral("Velbrook Security"), QStringLiteral("SMTP Security Wizard"));
+                QVERIFY(saveShot(d));
                 if (pageNumber(d) == 12)
                     break;
                 if (pageNumber(d) == 5)
