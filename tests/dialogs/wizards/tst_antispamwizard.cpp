@@ -423,6 +423,7 @@ void tst_AntiSpamWizard::finishWritesNewestFirstAndPastFailures()
 void tst_AntiSpamWizard::listEditingRules()
 {
     QStringList afterRefusedNew, afterAbandonedNew, afterAccepted, afterRefusedOld;
+    int pageAfterEnter = 0;
     const int result = Harness::runEntry("AntiSpamWizard", 0, *m_store, [&](QDialog* d) {
         nextTo(d, 9);
         CWizardListEditor* list = listOf(d, "lstRejectAllMailFromAddresses");
@@ -439,6 +440,7 @@ void tst_AntiSpamWizard::listEditingRules()
             editTo(refused, true);
         }
         afterRefusedNew = list->entries();
+        pageAfterEnter = pageNumber(d);
         list->addEntry();
         editTo(QStringLiteral("whatever"), false);
         afterAbandonedNew = list->entries();
@@ -456,6 +458,7 @@ void tst_AntiSpamWizard::listEditingRules()
         finishFrom(d);
     });
     QCOMPARE(result, 1);
+    QCOMPARE(pageAfterEnter, 9); // Enter ends the edit, it does not press Next
     const QStringList stored{QStringLiteral("offers@promo.example")};
     QCOMPARE(afterRefusedNew, stored);
     QCOMPARE(afterAbandonedNew, stored);
