@@ -146,6 +146,11 @@ bool seedServer(_tMailServer* s)
     static const char kNetworks[] = "192.0.2.0/24,\"bulk sender\"\0";
     if (!SetMailServerProperty(s, "SMTPRA", VB_TYPE_MULTI_STRING, "RejectAllMailFromSubnets", kNetworks, sizeof kNetworks))
         return false;
+    // The demonstration server's host has two networks, so the anti-relay wizard asks about two subnets.
+    static const char kHostAddresses[] = "192.168.10.5\0" "10.20.30.40\0";
+    if (!SetMailServerProperty(s, "Machine", VB_TYPE_MULTI_STRING, "HostAddresses", kHostAddresses,
+                               sizeof kHostAddresses))
+        return false;
     for (const Service& svc : kServices) {
         if (!VbRegisterMailService(s, svc.name, svc.displayName, "builtin", nullptr, svc.state))
             return false;

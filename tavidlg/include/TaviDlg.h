@@ -108,6 +108,9 @@ TAVIDLG_API int EditRoutes(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditSecurity(TaviOwner owner, _tMailServer* server);
 
 /* Protection wizards. */
+TAVIDLG_API int AntiSpamWizard(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int AntiRelayWizard(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int AntiDoSWizard(TaviOwner owner, _tMailServer* server);
 
 /* Domains. */
 /* The domain sheet on one domain; domain null or "" edits the server's default domain. A domain that
