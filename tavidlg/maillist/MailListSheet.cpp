@@ -15,6 +15,8 @@
 #include "res/StringTable.h"
 
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 
 #include <velbrook/DomainStore.h>
 
@@ -113,6 +115,8 @@ bool CMailListSheet::openList()
     }
     addPage(new CMailListWebArchivePage(this));
 
+    // Wide enough to show every tab without scrolling.
+    setMinimumWidth(qMax(560, tabs()->tabBar()->sizeHint().width() + 40));
     // The title is the plug-in's title, a space and the list's display name.
     const QString title = QString::fromUtf8(m_pluginInfo.title, int(qstrnlen(m_pluginInfo.title, sizeof m_pluginInfo.title)));
     setWindowTitle(title.left(128) + QLatin1Char(' ') + m_displayName);

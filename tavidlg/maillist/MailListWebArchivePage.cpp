@@ -47,6 +47,11 @@ void CMailListWebArchivePage::updateEnabling()
     m_browse->setEnabled(m_enabled->isChecked());
 }
 
+void CMailListWebArchivePage::onSetActive()
+{
+    updateEnabling();
+}
+
 bool CMailListWebArchivePage::onKillActive()
 {
     updateEnabling();

@@ -13,6 +13,7 @@ public:
     explicit CMailListWebArchivePage(CMailListSheet* sheet);
 
 protected:
+    void onSetActive() override;
     bool onKillActive() override;
 
 private:
