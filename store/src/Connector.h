@@ -160,6 +160,9 @@ public:
     virtual uint32_t destroyAlias(const ObjectRef& mailbox, std::string_view alias) = 0;
     virtual uint32_t aliasOwner(int64_t domain, std::string_view alias, ObjectRef& mailbox) = 0;
 
+    // Removes members by name, all or none; failedIndex as for addMembers (VB_ERROR_FILE_NOT_FOUND for a
+    // name that is not a member).
+    virtual uint32_t removeMembers(int64_t list, const std::vector<std::string>& names, size_t& failedIndex) = 0;
     // Bulk loading of numbered members ("<prefix><n>@<domain>", property "<label> <n>") for
     // benchmarks and the demo configuration, computed inside the database.
     virtual uint32_t addNumberedMembers(int64_t list, std::string_view property, std::string_view prefix,

@@ -82,6 +82,10 @@ public:
     {
         return m_inner->memberRoster(l, p, r);
     }
+    uint32_t removeMembers(int64_t l, const std::vector<std::string>& n, size_t& f) override
+    {
+        return m_inner->removeMembers(l, n, f);
+    }
     uint32_t addNumberedMembers(int64_t l, std::string_view p, std::string_view x, std::string_view d,
                                 std::string_view n, uint32_t c) override
     {

@@ -283,6 +283,34 @@ int ReadMailingListMembers(_tMailingList* list, const char* property, VbMemberRo
     return 1;
 }
 
+int RemoveMailingListMembers(_tMailingList* list, const char* const* addresses, uint32_t count, uint32_t* failed)
+{
+    if (failed)
+        *failed = count;
+    if (!list || (count && !addresses))
+        return failWith(VB_ERROR_INVALID_PARAMETER);
+    if (uint32_t e = intercept(list->server, "RemoveMailingListMembers", nullptr, nullptr))
+        return failWith(e);
+    std::vector<std::string> names;
+    names.reserve(count);
+    for (uint32_t i = 0; i < count; ++i) {
+        if (!validObjectName(addresses[i])) {
+            if (failed)
+                *failed = i;
+            return failWith(VB_ERROR_INVALID_PARAMETER);
+        }
+        names.emplace_back(addresses[i]);
+    }
+    size_t at = names.size();
+    if (uint32_t e = list->server->connector->removeMembers(list->ref().id, names, at)) {
+        if (failed)
+            *failed = uint32_t(at);
+        return failWith(e);
+    }
+    SetLastError(0);
+    return 1;
+}
+
 int AddMailingListMembers(_tMailingList* list, const char* property, const char* const* addresses,
                           const char* const* values, uint32_t count, VbMemberProgress progress, void* context,
                           uint32_t* failed)

@@ -904,6 +904,22 @@ uint32_t SqliteConnector::memberRoster(int64_t list, std::string_view property,
     return rc == SQLITE_DONE ? 0 : fail(rc);
 }
 
+uint32_t SqliteConnector::removeMembers(int64_t list, const std::vector<std::string>& names, size_t& failedIndex)
+{
+    failedIndex = names.size();
+    return transaction([&]() -> uint32_t {
+        for (size_t i = 0; i < names.size(); ++i) {
+            failedIndex = i;
+            Stmt s = prepare("DELETE FROM object WHERE kind = 4 AND parent = ? AND name_key = ?");
+            s.bind(1, list).bind(2, fold(names[i]));
+            if (uint32_t e = stepChanged(s, VB_ERROR_FILE_NOT_FOUND))
+                return e;
+        }
+        failedIndex = names.size();
+        return 0;
+    });
+}
+
 uint32_t SqliteConnector::addNumberedMembers(int64_t list, std::string_view property, std::string_view prefix,
                                              std::string_view domain, std::string_view label, uint32_t count)
 {

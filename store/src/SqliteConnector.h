@@ -76,6 +76,7 @@ public:
     uint32_t firstObject(Kind kind, int64_t parent, ObjectRef& object) override;
     uint32_t memberRoster(int64_t list, std::string_view property,
                           std::vector<std::pair<std::string, std::string>>& rows) override;
+    uint32_t removeMembers(int64_t list, const std::vector<std::string>& names, size_t& failedIndex) override;
     uint32_t addNumberedMembers(int64_t list, std::string_view property, std::string_view prefix,
                                 std::string_view domain, std::string_view label, uint32_t count) override;
     uint32_t addMembers(int64_t list, std::string_view property,

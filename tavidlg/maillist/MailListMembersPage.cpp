@@ -106,22 +106,32 @@ void CMemberModel::removeShownRows(QList<int> rows)
 
 void CMemberModel::setFilter(const QString& text)
 {
+    const QString filter = text.trimmed();
+    // Typing on narrows what is shown: only the members shown so far need to be looked at again.
+    const bool narrowing = !m_filter.isEmpty() && filter.contains(m_filter, Qt::CaseInsensitive);
     beginResetModel();
-    m_filter = text.trimmed();
-    refilter();
+    m_filter = filter;
+    if (narrowing) {
+        std::erase_if(m_shown, [this](int i) { return !matches(m_members[size_t(i)]); });
+    } else {
+        refilter();
+    }
     endResetModel();
+}
+
+bool CMemberModel::matches(const Member& m) const
+{
+    return m_filter.isEmpty() || m.address.contains(m_filter, Qt::CaseInsensitive)
+           || m.name.contains(m_filter, Qt::CaseInsensitive);
 }
 
 void CMemberModel::refilter()
 {
     m_shown.clear();
     m_shown.reserve(m_members.size());
-    for (size_t i = 0; i < m_members.size(); ++i) {
-        const Member& m = m_members[i];
-        if (m_filter.isEmpty() || m.address.contains(m_filter, Qt::CaseInsensitive)
-            || m.name.contains(m_filter, Qt::CaseInsensitive))
+    for (size_t i = 0; i < m_members.size(); ++i)
+        if (matches(m_members[i]))
             m_shown.push_back(int(i));
-    }
 }
 
 // ---- the page -------------------------------------------------------------------------------------
@@ -266,23 +276,39 @@ void CMailListMembersPage::removeMembers()
     QList<int> rows;
     for (const QModelIndex& index : m_view->selectionModel()->selectedRows())
         rows.append(index.row());
+    if (rows.isEmpty())
+        return;
     std::sort(rows.begin(), rows.end());
-    QList<int> removed;
+    const QString question = rows.size() == 1
+        ? TaviFormat(TaviString(IDS_MAILLIST_REMOVE_ONE), {m_model->shown(rows.first()).address})
+        : TaviFormat(TaviString(IDS_MAILLIST_REMOVE_MANY), {QString::number(rows.size())});
+    if (taviMessageBox(question, Mb::YesNo | Mb::IconQuestion) != Id::Yes)
+        return;
+    std::vector<QByteArray> bytes;
+    std::vector<const char*> addresses;
+    bytes.reserve(size_t(rows.size()));
+    addresses.reserve(size_t(rows.size()));
+    for (int row : std::as_const(rows)) {
+        bytes.push_back(m_model->shown(row).address.toUtf8());
+        addresses.push_back(bytes.back().constData());
+    }
+    uint32_t failed = 0;
+    bool ok = false;
     {
         CWaitCursor wait;
-        for (int row : std::as_const(rows)) {
-            const QString address = m_model->shown(row).address;
-            if (!RemoveMailingListMember(m_sheet->list(), address.toUtf8().constData())) {
-                ReportErrorFormat1(GetLastError(), IDS_MAILLIST_CANNOT_REMOVE_MEMBER, address);
-                break;
-            }
-            m_keys.remove(MemberCsv::addressKey(address));
-            removed.append(row);
-        }
+        ok = RemoveMailingListMembers(m_sheet->list(), addresses.data(), uint32_t(addresses.size()), &failed) != 0;
     }
-    if (removed.isEmpty())
+    if (!ok) {
+        // Nothing was removed: the members go all at once or not at all.
+        const QString who = failed < addresses.size() ? QString::fromUtf8(addresses[failed])
+                            : addresses.size() == 1 ? QString::fromUtf8(addresses.front())
+                            : TaviFormat(TaviString(IDS_MAILLIST_SELECTED_MEMBERS), {QString::number(addresses.size())});
+        ReportErrorFormat1(GetLastError(), IDS_MAILLIST_CANNOT_REMOVE_MEMBER, who);
         return;
-    m_model->removeShownRows(removed);
+    }
+    for (int row : std::as_const(rows))
+        m_keys.remove(MemberCsv::addressKey(m_model->shown(row).address));
+    m_model->removeShownRows(rows);
     updateCount();
     cancelToClose();
 }

@@ -43,6 +43,7 @@ public:
 
 private:
     void refilter();
+    bool matches(const Member& m) const;
 
     std::vector<Member> m_members;
     std::vector<int> m_shown;

@@ -501,6 +501,14 @@ TEST_F(Objects, MailingListRosterAndBulkAdd)
     ASSERT_TRUE(ReadMailingListMembers(l, "fullname", row, &rows));
     EXPECT_EQ(rows, (std::vector<std::string>{"old@x.example=", "a@x.example=Ann", "b@x.example="}))
         << "nothing of the failed or cancelled adds, in the order added";
+    const char* gone[] = {"A@x.example", "nobody@x.example"};
+    EXPECT_FALSE(RemoveMailingListMembers(l, gone, 2, &failed));
+    EXPECT_EQ(GetLastError(), VB_ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(failed, 1u);
+    ASSERT_TRUE(RemoveMailingListMembers(l, gone, 1, &failed));
+    rows.clear();
+    ASSERT_TRUE(ReadMailingListMembers(l, "fullname", row, &rows));
+    EXPECT_EQ(rows, (std::vector<std::string>{"old@x.example=", "b@x.example="})) << "a failed removal removes nothing";
     auto stop = [](void*, const char*, const char*) -> int { return 0; };
     EXPECT_FALSE(ReadMailingListMembers(l, "FullName", stop, nullptr));
     EXPECT_EQ(GetLastError(), VB_ERROR_CANCELLED);

@@ -49,6 +49,10 @@ VB_STORE_API int ReadMailingListMembers(_tMailingList* list, const char* propert
  * now and then with the number added so far; returning 0 cancels with VB_ERROR_CANCELLED. On failure
  * *failed (may be null) is the index of the member at fault (count when no single member is), for
  * example VB_ERROR_ALREADY_EXISTS for an address that is already a member or given twice. */
+/* Removes count members in one transaction, all or none; on failure *failed (may be null) is the index
+ * of the member at fault, for example VB_ERROR_FILE_NOT_FOUND for an address that is not a member. */
+VB_STORE_API int RemoveMailingListMembers(_tMailingList* list, const char* const* addresses, uint32_t count,
+                                          uint32_t* failed);
 typedef int (*VbMemberProgress)(void* context, uint32_t done, uint32_t total);
 VB_STORE_API int AddMailingListMembers(_tMailingList* list, const char* property, const char* const* addresses,
                                        const char* const* values, uint32_t count, VbMemberProgress progress,

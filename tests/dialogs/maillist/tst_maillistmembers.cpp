@@ -138,12 +138,24 @@ void tst_MailListMembers::addAndRemove()
         Harness::clickButton(d, "btnAddMember");
         QCOMPARE(m_platform->messages(), QStringList{"NEW@x.example is already a member of this list."});
         QCOMPARE(m_platform->calls().last().focus, QStringLiteral("edtNewAddress"));
+        // Removing two members, first refused by the store (nothing goes), then confirmed and done.
         auto* view = Harness::control<QTreeView>(d, "lstMembers");
-        view->selectionModel()->select(page->model()->index(0, 0),
-                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        for (int row : {0, 1})
+            view->selectionModel()->select(page->model()->index(row, 0),
+                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QVERIFY(VbInjectFault(*m_store, "RemoveMailingListMembers", nullptr, nullptr, VB_ERROR_BUSY, 1));
+        m_platform->answerMessageBox(Id::Yes);
         Harness::clickButton(d, "btnRemoveMembers");
-        QCOMPARE(page->model()->total(), before);
+        QCOMPARE(page->model()->total(), before + 1);
+        m_platform->answerMessageBox(Id::Yes);
+        Harness::clickButton(d, "btnRemoveMembers");
+        QCOMPARE(page->model()->total(), before - 1);
     });
+    const QStringList messages = m_platform->messages();
+    QCOMPARE(messages.size(), 4);
+    QCOMPARE(messages[1], QStringLiteral("Remove the 2 selected members from the mail list?"));
+    QVERIFY2(messages[2].startsWith(QLatin1String("Cannot remove the 2 selected members from the mail list.")),
+             qPrintable(messages[2]));
     _tMailingList* l = OpenMailingList(*m_store, "news", kDomain);
     char name[64] = {};
     uint32_t size = sizeof name;
@@ -151,6 +163,8 @@ void tst_MailListMembers::addAndRemove()
     QCOMPARE(QByteArray(name), QByteArray("New Reader"));
     size = sizeof name;
     QVERIFY(!GetMailingListMemberProperty(l, "reader1@subscribers.example", "FullName", name, &size, nullptr));
+    size = sizeof name;
+    QVERIFY(!GetMailingListMemberProperty(l, "reader2@subscribers.example", "FullName", name, &size, nullptr));
     CloseMailingList(l);
 }
 
