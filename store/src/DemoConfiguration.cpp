@@ -328,6 +328,14 @@ bool seedList(_tMailServer* s, const char* domain, const DemoList& dl)
               && setListNumber(l, "UserJoinAllowed", 1) && setListNumber(l, "UserLeaveAllowed", 1)
               && setListNumber(l, "BounceAction", 1) && setListText(l, "Moderator", moderator.c_str())
               && setListText(l, "SubjectPrefix", (std::string("[") + dl.name + "]").c_str());
+    // A list without a roster reaches the domain's mailboxes through its membership rules.
+    if (ok && dl.listKind == 2) {
+        _tMembershipConfig* rules = LoadMailingListMembershipConfiguration(l);
+        ok = rules && EditMailingListMembershipConfiguration(rules, "Domains", domain)
+             && EditMailingListMembershipConfiguration(rules, "ExcludeMailboxes", "postmaster")
+             && SaveMailingListMembershipConfiguration(l, rules);
+        FreeMailingListMembershipConfiguration(rules);
+    }
     vb::Snapshot list;
     uint64_t present = 0;
     if (ok && dl.members)

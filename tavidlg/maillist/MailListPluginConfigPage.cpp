@@ -23,6 +23,7 @@ CMailListPluginConfigPage::CMailListPluginConfigPage(CMailListSheet* sheet)
     m_rules->setObjectName(QStringLiteral("tblRules"));
     m_rules->setHorizontalHeaderLabels({tr("Rule"), tr("Value")});
     m_rules->horizontalHeader()->setStretchLastSection(true);
+    m_rules->horizontalHeader()->resizeSection(0, 200);
     m_rules->verticalHeader()->hide();
     m_rules->setSelectionBehavior(QAbstractItemView::SelectRows);
     intro->setBuddy(m_rules);

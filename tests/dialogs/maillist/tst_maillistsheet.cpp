@@ -581,9 +581,12 @@ void tst_MailListSheet::membershipRulesSaved()
         auto* tabs = Harness::control<QTabWidget>(d, "tabPages");
         tabs->setCurrentIndex(5);
         auto* table = Harness::control<QTableWidget>(d, "tblRules");
+        QCOMPARE(table->rowCount(), 2);
+        QCOMPARE(table->item(1, 0)->text(), QStringLiteral("ExcludeMailboxes"));
+        table->item(1, 1)->setText(QString()); // an emptied value removes the rule
         Harness::clickButton(d, "btnAddRule");
-        table->setItem(0, 0, new QTableWidgetItem(QStringLiteral("Domains")));
-        table->setItem(0, 1, new QTableWidgetItem(QStringLiteral("brennoway.example")));
+        table->setItem(2, 0, new QTableWidgetItem(QStringLiteral("IncludeMailboxes")));
+        table->setItem(2, 1, new QTableWidgetItem(QStringLiteral("sales*")));
         Harness::clickButton(d, "btnOK");
     });
     _tMailingList* l = OpenMailingList(*m_store, "announce", kDomain);
@@ -593,7 +596,7 @@ void tst_MailListSheet::membershipRulesSaved()
     QVERIFY(GetMailingListMembershipRules(c, buffer, &size));
     FreeMailingListMembershipConfiguration(c);
     CloseMailingList(l);
-    QCOMPARE(QByteArray(buffer, int(size)), QByteArray("Domains\0brennoway.example\0\0", 27));
+    QCOMPARE(QByteArray(buffer, int(size)), QByteArray("Domains\0brennoway.example\0IncludeMailboxes\0sales*\0\0", 51));
 }
 
 // Renders every page of the sheet into the directory named by TAVI_MAILLIST_SHOTS (when set), so
