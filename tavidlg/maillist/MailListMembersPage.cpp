@@ -15,6 +15,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -202,7 +203,8 @@ CMailListMembersPage::CMailListMembersPage(CMailListSheet* sheet) : CTaviPropert
     });
     connect(m_newAddress, &QLineEdit::textChanged, this,
             [this](const QString& text) { m_add->setEnabled(!text.trimmed().isEmpty()); });
-    connect(m_newAddress, &QLineEdit::returnPressed, this, &CMailListMembersPage::addMember);
+    for (QLineEdit* edit : {m_search, m_newAddress, m_newName})
+        edit->installEventFilter(this);
     connect(m_add, &QPushButton::clicked, this, &CMailListMembersPage::addMember);
     connect(m_remove, &QPushButton::clicked, this, &CMailListMembersPage::removeMembers);
     connect(import, &QPushButton::clicked, this, &CMailListMembersPage::importMembers);
@@ -210,6 +212,19 @@ CMailListMembersPage::CMailListMembersPage(CMailListSheet* sheet) : CTaviPropert
     connect(m_model, &QAbstractItemModel::modelReset, this, [this] { m_remove->setEnabled(false); });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { m_remove->setEnabled(m_view->selectionModel()->hasSelection()); });
+}
+
+bool CMailListMembersPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            if (watched != m_search)
+                addMember();
+            return true;
+        }
+    }
+    return CTaviPropertyPage::eventFilter(watched, event);
 }
 
 void CMailListMembersPage::initPage()

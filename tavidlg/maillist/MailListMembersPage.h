@@ -59,6 +59,8 @@ public:
 
 protected:
     void initPage() override;
+    // Enter in the search or the new member's fields acts there instead of pressing the sheet's OK.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void addMember();

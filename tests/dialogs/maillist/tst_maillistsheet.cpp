@@ -3,6 +3,7 @@
 // writes.
 #include "DialogHarness.h"
 
+#include "maillist/HeaderScript.h"
 #include "maillist/MailListGeneralPage.h"
 #include "maillist/MailListSheet.h"
 
@@ -89,6 +90,8 @@ private Q_SLOTS:
     void failedWriteReportedOthersWritten();
     void applyReopensAndCancelBecomesClose();
     void otherPagesWriteTheirProperties();
+    void headerScriptRules_data();
+    void headerScriptRules();
     void headerScriptCheckedBeforeSave();
     void membershipRulesSaved();
     void renderEveryPage();
@@ -552,6 +555,28 @@ void tst_MailListSheet::otherPagesWriteTheirProperties()
     QCOMPARE(type, VB_TYPE_MULTI_STRING);
     QCOMPARE(QByteArray(buffer, int(size)), QByteArray("*@spam.example\0*@junk.example\0\0", 31));
     QCOMPARE(m_store->calls("SetMailingListProperty"), 6u);
+}
+
+void tst_MailListSheet::headerScriptRules_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("badLines");
+    QTest::addRow("every command") << "add X-A: 1\nSET x-b: two words\n\tremove X-C\nrename X-D X-E\n# note\n\n" << "";
+    QTest::addRow("unknown command") << "append X-A: 1" << "1";
+    QTest::addRow("missing colon") << "add X-A 1\nset X-B" << "1,2";
+    QTest::addRow("bad header names") << "add X A: 1\nremove X:Y\nrename X-D\nadd : empty" << "1,2,3,4";
+    QTest::addRow("value may hold colons") << "set Reply-To: list <l@x.example>: yes" << "";
+    QTest::addRow("remove takes one name") << "remove X-A X-B" << "1";
+}
+
+void tst_MailListSheet::headerScriptRules()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, badLines);
+    QStringList lines;
+    for (const HeaderScript::Error& e : HeaderScript::check(script))
+        lines.append(QString::number(e.line));
+    QCOMPARE(lines.join(QLatin1Char(',')), badLines);
 }
 
 void tst_MailListSheet::headerScriptCheckedBeforeSave()
