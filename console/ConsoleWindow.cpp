@@ -22,6 +22,7 @@
 
 #include <velbrook/DemoConfiguration.h>
 #include <velbrook/DomainStore.h>
+#include <velbrook/ListStore.h>
 #include <velbrook/MailToolkit.h>
 #include <velbrook/ServerStore.h>
 
@@ -462,6 +463,24 @@ QString ConsoleWindow::askDomain(bool* ok)
     return index >= 0 ? domains.at(index) : QString();
 }
 
+QStringList ConsoleWindow::mailingLists(const QString& domain) const
+{
+    const QByteArray d = domain.toUtf8();
+    uint32_t size = 0;
+    GetMailingListNames(m_server, d.constData(), nullptr, &size);
+    QByteArray buffer(qsizetype(size) + 2, '\0');
+    size = uint32_t(buffer.size());
+    QStringList names;
+    if (!GetMailingListNames(m_server, d.constData(), buffer.data(), &size))
+        return names;
+    for (const QByteArray& name : buffer.split('\0')) {
+        if (name.isEmpty())
+            break;
+        names.append(QString::fromUtf8(name));
+    }
+    return names;
+}
+
 QList<QPair<QString, QString>> ConsoleWindow::services() const
 {
     QList<QPair<QString, QString>> out;
@@ -505,8 +524,19 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
             return reinterpret_cast<EntryOne>(symbol)(owner, m_server, domain.toUtf8().constData());
         return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, domain.toUtf8().constData(), "Blacklist");
     }
+    case EntryArgs::MailList: {
+        const QString domain = interactive ? askDomain(&ok) : defaultDomain();
+        const QStringList lists = ok ? mailingLists(domain) : QStringList();
+        const QString name = !ok || lists.isEmpty() ? QString()
+            : interactive ? QInputDialog::getItem(this, QStringLiteral("Open a mailing list"),
+                                                  QStringLiteral("&Mailing list of %1:").arg(domain), lists, 0, false, &ok)
+                          : lists.first();
+        if (!ok || name.isEmpty())
+            return -100;
+        const QByteArray first = domain.toUtf8(), second = name.toUtf8();
+        return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, first.constData(), second.constData());
+    }
     case EntryArgs::Mailbox:
-    case EntryArgs::MailList:
     case EntryArgs::MailboxList: {
         const QString what = row.args == EntryArgs::MailList ? QStringLiteral("list") : QStringLiteral("mailbox");
         const QString name = interactive

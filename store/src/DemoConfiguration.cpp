@@ -3,7 +3,10 @@
 
 #include <cstring>
 #include <ctime>
+#include <string>
+#include <vector>
 
+#include "Connector.h"
 #include "Handle_p.h"
 #include "velbrook/DomainStore.h"
 #include "velbrook/ListStore.h"
@@ -345,12 +348,75 @@ bool seedDomain(_tMailServer* s, const DemoDomain& dd)
     return ok;
 }
 
+
+// Mailing lists of the first domain beyond its staff list: a discussion list with its digest, an
+// announcement list without a roster, and a large newsletter list.
+struct DemoList {
+    const char* name;
+    uint32_t listKind;
+    uint32_t members;
+};
+
+const DemoList kLists[] = {
+    {"news", 1, 3},
+    {"news-digest", 1, 2},
+    {"announce", 2, 0},
+    {"newsletter", 1, 100000},
+};
+
+bool setListNumber(_tMailingList* l, const char* name, uint32_t value)
+{
+    return SetMailingListProperty(l, VB_TYPE_DWORD, name, &value, 4) != 0;
+}
+
+bool setListText(_tMailingList* l, const char* name, const char* value)
+{
+    return SetMailingListProperty(l, VB_TYPE_STRING, name, value, uint32_t(std::strlen(value) + 1)) != 0;
+}
+
+bool seedList(_tMailServer* s, const char* domain, const DemoList& dl)
+{
+    if (!CreateMailingList(s, dl.name, domain) && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+        return false;
+    _tMailingList* l = OpenMailingList(s, dl.name, domain);
+    if (!l)
+        return false;
+    const std::string moderator = std::string("alice@") + domain;
+    bool ok = setListNumber(l, "ListKind", dl.listKind) && setListNumber(l, "WhoCanSend", dl.listKind == 2 ? 3 : 1)
+              && setListNumber(l, "ReplyToList", 1) && setListNumber(l, "MaxMessageSize", 2097152)
+              && setListNumber(l, "UserJoinAllowed", 1) && setListNumber(l, "UserLeaveAllowed", 1)
+              && setListNumber(l, "BounceAction", 1) && setListText(l, "Moderator", moderator.c_str())
+              && setListText(l, "SubjectPrefix", (std::string("[") + dl.name + "]").c_str());
+    // A list without a roster reaches the domain's mailboxes through its membership rules.
+    if (ok && dl.listKind == 2) {
+        _tMembershipConfig* rules = LoadMailingListMembershipConfiguration(l);
+        ok = rules && EditMailingListMembershipConfiguration(rules, "Domains", domain)
+             && EditMailingListMembershipConfiguration(rules, "ExcludeMailboxes", "postmaster")
+             && SaveMailingListMembershipConfiguration(l, rules);
+        FreeMailingListMembershipConfiguration(rules);
+    }
+    vb::Snapshot list;
+    uint64_t present = 0;
+    if (ok && dl.members)
+        ok = s->connector->loadSnapshot(vb::Kind::MailingList, domain, dl.name, list) == 0
+             && s->connector->countObjects(vb::Kind::Member, list.object.id, present) == 0;
+    // A second seed keeps the members that are there.
+    if (ok && dl.members && present == 0)
+        ok = s->connector->addNumberedMembers(list.object.id, "FullName", "reader", "subscribers.example",
+                                              "Reader", dl.members) == 0;
+    CloseMailingList(l);
+    return ok;
+}
+
 } // namespace
 
 bool vbSeedDemoObjects(_tMailServer* server)
 {
     for (const DemoDomain& d : kDomains)
         if (!seedDomain(server, d))
+            return false;
+    for (const DemoList& l : kLists)
+        if (!seedList(server, kDomains[0].name, l))
             return false;
     return seedRoutes(server) && seedAliasMapping(server);
 }

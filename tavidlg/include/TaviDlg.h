@@ -120,6 +120,8 @@ TAVIDLG_API int EditDomain(TaviOwner owner, _tMailServer* server, const char* do
 /* Mailboxes. */
 
 /* Mailing lists. */
+/* The mailing-list sheet of one list; a null or empty domain means the server's default domain. */
+TAVIDLG_API int EditMailList(TaviOwner owner, _tMailServer* server, const char* domain, const char* list);
 
 /* The configuration connector. */
 
