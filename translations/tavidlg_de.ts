@@ -49,6 +49,630 @@
     </message>
 </context>
 <context>
+    <name>CAntiDoSWizard</name>
+    <message>
+        <source>AntiDoS Wizard</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiDoSWizard_1</name>
+    <message>
+        <source>Start</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Initial qualification</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Welcome to the Anti Denial of Service Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A flood of connections or of data from one host can keep the SMTP receiver from serving everybody else. This wizard limits the number of connections, drops idle connections after a timeout and limits the throughput accepted from one host.
+
+Nothing is changed until you click Finish on the last page.
+
+To continue, click Next.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiDoSWizard_2</name>
+    <message>
+        <source>Maximum connections</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Enter the maximum number of connections allowed to SMTPRA from &amp;all IP addresses</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Enter the maximum number of connections allowed to SMTPRA from any &amp;one IP address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Note: for either value, zero or empty implies no limit.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiDoSWizard_3</name>
+    <message>
+        <source>Connection timeout</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Enter the &amp;timeout period (in seconds) after which idle connections will be disconnected.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Note: A value of zero or empty  causes timeouts to be disabled. The default timeout value is 900 seconds, ie 15 minutes</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiDoSWizard_4</name>
+    <message>
+        <source>Maximum throughput</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Maximum &amp;throughput accepted from one host:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>0.5</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Unlimited</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>kbytes/sec</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Yes, apply this restriction to friendly hosts.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;No, allow friendly hosts unlimited throughput</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do you wish to apply this throughput restriction to Friendly hosts ?</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiDoSWizard_5</name>
+    <message>
+        <source>Finish</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Exit the Anti "Denial of Service" Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>You have completed configuring Velbrook’s Anti "Denial of Service" features.  Click Finish to start using the new configuation.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiRelayWizard</name>
+    <message>
+        <source>AntiRelay Wizard</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiRelayWizard_1</name>
+    <message>
+        <source>Start</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Initial qualification</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Welcome to the Anti-Relay Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>An open relay passes anybody's mail on to anywhere, and is blacklisted within hours. This wizard sets who may relay mail through the SMTP receiver: whether users must authenticate, which local subnets and friendly sites may relay without authenticating, which other domains the server relays to, and how the return address of relayed mail is checked.
+
+Nothing is changed until you click Finish on the last page.
+
+To continue, click Next.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiRelayWizard_2</name>
+    <message>
+        <source>Authentication policy</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do you wish to force users to authenticate with your SMTP server in order to be permitted to relay mail through your system?  Authentication is recommended.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Users must &amp;always authenticate</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Users must authenticate &amp;unless connecting from a Friendly site</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;No authentication required</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiRelayWizard_2_1</name>
+    <message>
+        <source>Local subnets</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Local subnet</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do you wish to accept email for relay from machines on your subnet (IP address %s) without requiring them to authenticate with your SMTP server?</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiRelayWizard_2_2</name>
+    <message>
+        <source>Friendly sites</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Friendly sites relay without authenticating with your SMTP server. Enter a list of IP addresses or host names that you wish to approve for relay without authentication:  IP addresses of clients that do not support authenticated SMTP should be listed here.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Friendly sites that relay without authentication:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The only column</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>new domain</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiRelayWizard_3</name>
+    <message>
+        <source>Other domains</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do you wish to relay mail that is addressed to recipients in non-local domains?  If so, enter the names of those domains here. This is applicable if you relay for a third party domain.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Other domains:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The only column</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>new domain</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiRelayWizard_4</name>
+    <message>
+        <source>Third-party relaying</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do you wish to force users to specify a valid return address for mail messages that they are sending for relay elsewhere?  Choose one:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>User must specify valid local return &amp;address, including the domain component</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>User must specify valid local return &amp;mailbox; server will add the relevant domain component</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>User &amp;need not specify a local return address.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiRelayWizard_5</name>
+    <message>
+        <source>Finish</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Exit Anti-Relay Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>You have completed configuring Velbrook's anti-relay features.  Click Finish to start using the new configuration.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard</name>
+    <message>
+        <source>AntiSpam Wizard</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_1</name>
+    <message>
+        <source>Start</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Initial qualification</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Welcome to the SMTP Security Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>This wizard helps you protect the SMTP receiver against unsolicited mail: it can block servers without a DNS host name, check DNS blacklist services, keep a private blacklist of mail servers, block return addresses, insist on qualified addresses and limit the number of recipients of a message.
+
+Nothing is changed until you click Finish on the last page.
+
+To continue, click Next.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_2</name>
+    <message>
+        <source>Anonymous servers</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do you wish to block mail from anonymous servers (servers without a DNS host name)?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Note: DNS lookup will automatically be turned on if you select the Yes option.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_3</name>
+    <message>
+        <source>Blacklist servers</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Yes, reject mail from blacklisted mail servers ...</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;No, don’t check any blacklist services</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>... &amp;unless they appear in the list of friendly sites.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_3_1</name>
+    <message>
+        <source>Select blacklist servers</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Blacklist servers 2</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Well known black list services:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Enter a list of blacklist services and associated explanatory URLs.  Either edit the list directly or choose from the the list of known services</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Blacklist Services, checked in the order listed:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Blacklist Service</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>new service</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_4</name>
+    <message>
+        <source>Private blacklist</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do you want to specify additional host names or IP addresses from which you do not wish to accept mail?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Yes, I want to specify additional mail servers to block</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;No, I don’t want to block any other mail servers</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_4_1</name>
+    <message>
+        <source>Specify private blacklist</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Private Blacklist</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Specify additional mail server IP addresses or host names from which you do not want to receive mail. If names are specified tne DNS lookup feature will be enabled.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Private blacklist:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The only column</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>new domain</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_4_2</name>
+    <message>
+        <source>Erase existing blacklist</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Your current configuration specifies the following list of blocked mail servers.  Do you want to keep this configuration?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Yes, keep using this list of mail servers to block</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;No, erase this list of mail servers</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>B&amp;lacklist:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The only column</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_5</name>
+    <message>
+        <source>Return addresses</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do you want to verify that the return address on incoming mail is valid?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Return address</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_5_1</name>
+    <message>
+        <source>Block return addresses</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Specify a list of return addresses from which mail will be rejected.  Leave the list empty if you don’t want to block mail based on the return address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Return addresses:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Return address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>new domain</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_6</name>
+    <message>
+        <source>Recipient addressess</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>What should the SMTP receiver do with a recipient address that has no domain name?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Insist on fully qualified recipient addresses.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Append an appropriate domain name.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Recipients</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_6_1</name>
+    <message>
+        <source>Maximum recipients</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Most recipients one message may have:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Note: A value of zero implies no limit to the number of recipients.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CAntiSpamWizard_7</name>
+    <message>
+        <source>Finish</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Exit SMTP Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>You have completed configuring Velbrook’s SMTP security features.  Click Finish to start using the new configuration.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CDbLogConfigDlg</name>
+    <message>
+        <source>Also &amp;log events to a database</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Database</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The configuration &amp;store's own database</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A separate SQLite &amp;file:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A &amp;PostgreSQL database (connection URI):</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>D&amp;urchsuchen...</translation>
+    </message>
+    <message>
+        <source>&amp;Test Connection</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> days</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Keep for ever</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Keep events for:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Events logged</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Messages &amp;received</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Messages &amp;delivered or returned</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Refused connections, s&amp;enders and recipients</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Logins and failed logi&amp;ns</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Lock&amp;outs, bans and harvest probation</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Ser&amp;vices started and stopped</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Configuration &amp;changes</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
     <name>CDeliveryScheduleMasterDlg</name>
     <message>
         <source>Delivery Schedule Management on %1</source>
@@ -424,6 +1048,421 @@ dass sich die Nachricht verzögert.</translation>
     </message>
 </context>
 <context>
+    <name>CLogFlagsPage</name>
+    <message>
+        <source>Write these events to the log:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Clear A&amp;ll</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListDigestPage</name>
+    <message>
+        <source> KB</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> hours</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Plain text</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>MIME, each message attached</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>No size limit</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>No time limit</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A digest is sent as soon as either threshold is reached.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Send when the digest reaches &amp;size:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Send when the oldest message is &amp;older than:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Digest &amp;format:</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListGeneralPage</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Repl&amp;y to list</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Force</source>
+        <translation>&amp;Erzwingen</translation>
+    </message>
+    <message>
+        <source>&amp;Moderators:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Non-delivery reports</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Return to sender</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Send to:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Who can post:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Anyone</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Mem&amp;bers</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Members and d&amp;igesters</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>M&amp;oderators</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Moderator controls:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Joining</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Leaving</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Con&amp;tent</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Notify moderator on:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Joi&amp;ning</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Lea&amp;ving</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Agents</source>
+        <translation>Agenten</translation>
+    </message>
+    <message>
+        <source>Mail list ag&amp;ent:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Mail list &amp;processor agent:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Ma&amp;x message size (bytes):</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Confirmation message to sender</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Disable mail list</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Lo&amp;g list processor commands</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Disallow multiple &amp;commands</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Journal in your local lang&amp;uage</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Poster must use SMTP authentication</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListMembersPage</name>
+    <message>
+        <source>Line %1: %2</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>... and %1 more</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Members</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Part of an address or a name</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Search:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren...</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>E&amp;xportieren...</translation>
+    </message>
+    <message>
+        <source>New member's a&amp;ddress:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Import members</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Comma-separated values</source>
+        <translation>Kommagetrennte Werte</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message>
+        <source>Export members</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListMessagesPage</name>
+    <message>
+        <source>Messages</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Keep attachments</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Remove attachments before distribution</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Refuse messages with attachments</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Subject &amp;prefix:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Text &amp;before each message:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Text &amp;after each message:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A&amp;ttachments:</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListPluginConfigPage</name>
+    <message>
+        <source>Configuration</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Rules that decide who receives this list's mail:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Rule</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Add rule</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>R&amp;emove rule</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListScriptPage</name>
+    <message>
+        <source>Header Script</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Commands that rewrite the headers of each message before it is distributed:
+add Name: value, set Name: value, remove Name, rename Name NewName.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Check &amp;syntax</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The script has no errors.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>... and %1 more</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListSecurityPage</name>
+    <message>
+        <source>Security</source>
+        <translation>Sicherheit</translation>
+    </message>
+    <message>
+        <source>Anyone</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Addresses in this server's domains only</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Nobody: members are added by an administrator</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Ask new members to &amp;confirm their subscription by mail</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>One address pattern per line, such as *@example.com</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Who may subscribe:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Senders &amp;allowed to post:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Senders &amp;refused:</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListSheet</name>
+    <message>
+        <source>Digest</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Moderator Digest</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CMailListWebArchivePage</name>
+    <message>
+        <source>Web Archive</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Keep a web archive of this list's messages</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>B&amp;rowse...</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> days</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Keep for ever</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Archive &amp;directory:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Remove messages &amp;older than:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Web archive directory</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
     <name>CManualRouteDlg</name>
     <message>
         <source>Routes for %1</source>
@@ -464,6 +1503,52 @@ dass sich die Nachricht verzögert.</translation>
     <message>
         <source>Modify</source>
         <translation>Ändern</translation>
+    </message>
+</context>
+<context>
+    <name>CMemberModel</name>
+    <message>
+        <source>Address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CProbationListDlg</name>
+    <message>
+        <source>Probation List on %1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>These addresses tried too many unknown recipients. Mail from them is refused until their probation ends.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>On probation until</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>part of an address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>F&amp;ind:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Release</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Re&amp;fresh</source>
+        <translation type="unfinished" />
     </message>
 </context>
 <context>
@@ -522,6 +1607,411 @@ dass sich die Nachricht verzögert.</translation>
     </message>
 </context>
 <context>
+    <name>CSecurityAntiSpamPage</name>
+    <message>
+        <source>Anti-spam</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Connecting servers</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Reject mail from servers &amp;without a DNS host name</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Look up the host names of connecting servers</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Reject mail from servers on these &amp;blacklist services:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>zone, e.g. bl.spamcop.net</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>...unless they appear in the list of &amp;friendly sites</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Private blacklist</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Spam &amp;Sources...</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Networks...</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Senders and recipients</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Refuse mail from these return addr&amp;esses:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>address or @domain</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Reject return addresses that are not fully &amp;qualified</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Insist on fully qualified &amp;recipient addresses</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>No limit</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Most recipien&amp;ts per message:</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CSecurityDhapPage</name>
+    <message>
+        <source>Harvest Protection</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A directory harvest attack tries many made-up recipient addresses to find out which exist. An address that tries too many unknown recipients is put on probation: mail from it is refused until the probation ends.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Protect against directory harvest attacks</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> unknown recipients</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> minutes</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Do not check &amp;friendly sites</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>In one &amp;connection, at most:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>From one address, at &amp;most:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;within</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Then put the address on p&amp;robation for:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Probation &amp;List...</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CSecurityGeneralPage</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>SMTP authentication</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Not required</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Always required</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Required unless from a friendly site</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>For &amp;relaying:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Required for message &amp;submission (port 587)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Methods allowed:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Allow PLAIN and LOGIN only over an &amp;encrypted connection</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Lock out addresses after repeated failed logins</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> failed logins</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> minutes</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Bans e&amp;xpire by themselves (otherwise they last until released)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Lock out after &amp;threshold:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Counted &amp;within:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Ban for:</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CSecurityTlsPage</name>
+    <message>
+        <source>TLS</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>STARTTLS for incoming SMTP connections</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Not offered</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Offered to clients that ask for it</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Re&amp;quired before any mail is accepted</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Certificate</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>D&amp;urchsuchen...</translation>
+    </message>
+    <message>
+        <source>Bro&amp;wse...</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Certificate chain file:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Private &amp;key file:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>TLS 1.0 (insecure, for very old clients)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>TLS 1.1 (insecure, for old clients)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>TLS 1.2 (recommended)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>TLS 1.3</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Oldest &amp;protocol version accepted:</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CServicePropertiesDlg</name>
+    <message>
+        <source> service on %1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Listening addresses</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>A&amp;ddress:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>every address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>Läuft</translation>
+    </message>
+    <message>
+        <source>Automatic (with the server)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Disabled</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Server default</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> seconds</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Never</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Write the service's own &amp;log file</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Start mode:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Worker limit:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Drop &amp;idle connections after:</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Service status:</source>
+        <translation>Dienststatus:</translation>
+    </message>
+    <message>
+        <source>Service &amp;Control...</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>(every address)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source> service</source>
+        <translation> (Dienst)</translation>
+    </message>
+</context>
+<context>
+    <name>CSpamListDlg</name>
+    <message>
+        <source>Spam Sources on %1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Mail is refused from these hosts and IP addresses. Use * as a wildcard (*.bulk.example, 198.51.100.*); a leading ! exempts an entry from the patterns after it. Host names need DNS lookups of connecting servers.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>host name or IP address pattern</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren...</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>E&amp;xportieren...</translation>
+    </message>
+    <message>
+        <source>%1 host names, %2 IP address patterns</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>CStringListEdit</name>
+    <message>
+        <source>A&amp;dd</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Up</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Move the selected entry up the list</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Down</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Move the selected entry down the list</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
     <name>CToDScheduleDlg</name>
     <message>
         <source>&amp;Time (hhmm):</source>
@@ -547,10 +2037,59 @@ verbindung, wenn keine Mail wartet.</translation>
     </message>
 </context>
 <context>
+    <name>HeaderScript</name>
+    <message>
+        <source>"%1" needs a header name followed by a colon and a value.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"%1" is not a valid header name.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"remove" takes exactly one header name.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"rename" takes a header name and its new name.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Unknown command "%1"; use add, set, remove or rename.</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>MemberCsv</name>
+    <message>
+        <source>"%1" is not a valid mail address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>the name is longer than 255 bytes</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>%1 is already a member</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>%1 is given twice</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>SecurityPropertySheet</name>
+    <message>
+        <source>Security Properties</source>
+        <translation type="unfinished" />
     </message>
 </context>
 <context>
@@ -862,6 +2401,484 @@ Diese Domänenmasken können nicht gespeichert werden.
     <message>
         <source>Could not keep the changed hosts; the hosts as they were are kept.</source>
         <translation>Die geänderten Hosts konnten nicht übernommen werden; die bisherigen Hosts bleiben erhalten.</translation>
+    </message>
+    <message>
+        <source>A connection URI begins with "postgresql://", for example postgresql://velbrook@db.example.net:5432/maillog</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The URI could not be understood.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Out of memory.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>No answer within %1 seconds.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Connecting to the database...</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>SMTP Receiver</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Connections opened and closed</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Every co&amp;mmand and reply</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Refused connections, senders and recipients</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A&amp;uthentication attempts</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;TLS negotiation</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Delivery</source>
+        <translation>Zustellung</translation>
+    </message>
+    <message>
+        <source>Messages &amp;queued, retried and expired</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>SMTP &amp;transcripts with remote servers</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;MX and address lookups</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Delivery into local mailbo&amp;xes</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Delivery status &amp;notifications sent</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Mail Access</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;POP3 sessions</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;IMAP4 sessions</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Logins and &amp;failed logins</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Web mail sessions</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>System</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Mailing-list &amp;processing</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A&amp;gents run and their results</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Lock&amp;outs, bans and harvest probation</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Configuration changes picked up</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>&amp;Debugging detail (makes logs large)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The connection URI is not valid:
+
+%1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Could not connect to the PostgreSQL database:
+
+%1
+
+Check the host, port, database, user and password in the URI, and that the database server accepts connections from this server.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The connection succeeded (PostgreSQL server version %1).</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Type the full path of the database log file, for example /var/lib/velbrook/eventlog.db.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The folder "%1" does not exist. Create it first, or choose another folder for the database log file.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"%1" is a folder. Type the path of a file in it.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Choose at least one kind of event to log, or turn the database log off.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>SQLite databases</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Database Log File</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cannot open mail list %1.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cannot get information about the plugin for %1.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cannot set mail list property %1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>You have specified that only the moderator(s) may send
+messages to this list, but you have not specified the
+moderator's address(es).</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>You have specified that the moderator controls certain aspects of the mail list, but you have not specified the moderator's address.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Maximum message size is invalid.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>You have indicated that non-delivery reports should be sent
+to a specific mail address, but you have not supplied that address.
+This can result in some mail systems rejecting messages
+sent through this mailing list.
+Are you sure you want this to happen?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Missing address for non-delivery reports</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>When using a clustered configuration, you should specify a UNC path for the mail list agent.  Otherwise, the program may be inaccessible to the other mail servers in the cluster.
+
+ You should only specify a drive letter if using the Registry connector.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>When using a clustered configuration, you should specify a UNC path for the mail list processor agent.  Otherwise, the program may be inaccessible to the other mail servers in the cluster.
+
+ You should only specify a drive letter if using the Registry connector.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>A UNC path is required</source>
+        <translation>Ein UNC-Pfad ist erforderlich</translation>
+    </message>
+    <message>
+        <source>Cannot read the members of mail list %1.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"%1" is not a valid mail address.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>%1 is already a member of this list.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cannot add %1 to the mail list.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cannot remove %1 from the mail list.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>%1 lines of the file cannot be imported:
+%2
+Import the other %3 members?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The members could not be imported (line %1: %2). No member was added.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Importing members from %1...</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cannot read the file %1.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cannot write the file %1.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>%1 of %2 members shown</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The file holds no member that can be imported:
+%1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Remove %1 from the mail list?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Remove the %1 selected members from the mail list?</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>the %1 selected members</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The header script has errors:
+%1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cannot save the membership rules of %1.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Enter the directory in which the web archive is kept.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"%1" is already in the list.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Authentication is required, but no authentication method is allowed. Allow at least one method.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"%1" is not a DNS zone name. A blacklist service is named by its zone, for example bl.spamcop.net.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"%1" is neither a host name nor an IP address pattern.
+
+Examples: mail.spam.example, *.bulk.example, 203.0.113.7, 198.51.100.*; a leading ! exempts an entry.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"%1" is not a return address or domain. Examples: offers@promo.example, @junk.example, *@junk.example.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Blocked hosts and addresses: %1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Blocked networks: %1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Blocked Networks</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The list of blocked networks could not be read, so it cannot be edited now.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Addresses on probation: %1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Could not release %1 from probation.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Could not read the probation list.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>host name</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Text files</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Could not read "%1": %2</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Could not write "%1": %2</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>%1 entries of the file are neither host names nor IP address patterns and were skipped.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Type the path of the certificate file (the server's certificate followed by its chain).</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Type the path of the private key file.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The file "%1" does not exist.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The file "%1" cannot be read: %2</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The file "%1" does not hold a certificate in PEM or DER form.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The certificate "%1" expired on %2 (in "%3"). Mail servers will refuse it; install a renewed certificate.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The certificate "%1" is not valid before %2 (in "%3").</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The file "%1" does not hold a private key in PEM or DER form, or the key is protected by a passphrase (the server needs it without one).</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The private key in "%1" does not belong to the certificate in "%2".</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Issued to %1 by %2, valid until %3.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Certificates</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Private keys</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Certificate File</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Private Key File</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The files are on the mail server's machine, so they cannot be checked from here. Make sure they are there and that the key belongs to the certificate.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>"%1" is not an IP address of this host.
+
+Type an IPv4 address such as 192.0.2.10, an IPv6 address such as 2001:db8::10, or leave the address empty to listen on every address.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The service already listens on %1.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Port %1 is already used by the %2 service (%3), which listens on %4.
+
+Choose another port, or another address for one of the two services.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>%1 of the stored listening addresses could not be understood and are not shown. They will be removed when you press OK.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Velbrook Security</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>SMTP Security Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Anti-Relay Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Anti Denial-of-Service Wizard</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Failed to update property "%1"</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Add new entry to the list</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Delete selected entries</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Move selected entry up the list</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Move selected entry down the list</source>
+        <translation type="unfinished" />
     </message>
 </context>
 <context>
