@@ -52,22 +52,22 @@
     <name>CAntiDoSWizard</name>
     <message>
         <source>AntiDoS Wizard</source>
-        <translation type="unfinished" />
+        <translation>Anti-DoS-Assistent</translation>
     </message>
 </context>
 <context>
     <name>CAntiDoSWizard_1</name>
     <message>
         <source>Start</source>
-        <translation type="unfinished" />
+        <translation>Start</translation>
     </message>
     <message>
         <source>Initial qualification</source>
-        <translation type="unfinished" />
+        <translation>Vorprüfung</translation>
     </message>
     <message>
         <source>Welcome to the Anti Denial of Service Wizard</source>
-        <translation type="unfinished" />
+        <translation>Willkommen beim Assistenten gegen Denial-of-Service-Angriffe</translation>
     </message>
     <message>
         <source>A flood of connections or of data from one host can keep the SMTP receiver from serving everybody else. This wizard limits the number of connections, drops idle connections after a timeout and limits the throughput accepted from one host.
@@ -75,113 +75,117 @@
 Nothing is changed until you click Finish on the last page.
 
 To continue, click Next.</source>
-        <translation type="unfinished" />
+        <translation>Eine Flut von Verbindungen oder Daten von einem Host kann den SMTP-Empfänger davon abhalten, alle anderen zu bedienen. Dieser Assistent begrenzt die Zahl der Verbindungen, trennt untätige Verbindungen nach einer Zeitspanne und begrenzt den von einem Host angenommenen Durchsatz.
+
+Nichts wird geändert, bevor Sie auf der letzten Seite auf „Fertig stellen“ klicken.
+
+Klicken Sie auf „Weiter“, um fortzufahren.</translation>
     </message>
 </context>
 <context>
     <name>CAntiDoSWizard_2</name>
     <message>
         <source>Maximum connections</source>
-        <translation type="unfinished" />
+        <translation>Höchstzahl der Verbindungen</translation>
     </message>
     <message>
         <source>Enter the maximum number of connections allowed to SMTPRA from &amp;all IP addresses</source>
-        <translation type="unfinished" />
+        <translation>Höchstzahl der Verbindungen zu SMTPRA von &amp;allen IP-Adressen</translation>
     </message>
     <message>
         <source>Enter the maximum number of connections allowed to SMTPRA from any &amp;one IP address</source>
-        <translation type="unfinished" />
+        <translation>Höchstzahl der Verbindungen zu SMTPRA von &amp;einer einzelnen IP-Adresse</translation>
     </message>
     <message>
         <source>Note: for either value, zero or empty implies no limit.</source>
-        <translation type="unfinished" />
+        <translation>Hinweis: Null oder leer bedeutet bei beiden Werten keine Grenze.</translation>
     </message>
 </context>
 <context>
     <name>CAntiDoSWizard_3</name>
     <message>
         <source>Connection timeout</source>
-        <translation type="unfinished" />
+        <translation>Zeitlimit für Verbindungen</translation>
     </message>
     <message>
         <source>Enter the &amp;timeout period (in seconds) after which idle connections will be disconnected.</source>
-        <translation type="unfinished" />
+        <translation>&amp;Zeitspanne (in Sekunden), nach der untätige Verbindungen getrennt werden.</translation>
     </message>
     <message>
         <source>Note: A value of zero or empty  causes timeouts to be disabled. The default timeout value is 900 seconds, ie 15 minutes</source>
-        <translation type="unfinished" />
+        <translation>Hinweis: Null oder leer schaltet das Zeitlimit ab. Der Standardwert ist 900 Sekunden, also 15 Minuten</translation>
     </message>
 </context>
 <context>
     <name>CAntiDoSWizard_4</name>
     <message>
         <source>Maximum throughput</source>
-        <translation type="unfinished" />
+        <translation>Höchster Durchsatz</translation>
     </message>
     <message>
         <source>Maximum &amp;throughput accepted from one host:</source>
-        <translation type="unfinished" />
+        <translation>Höchster &amp;Durchsatz, der von einem Host angenommen wird:</translation>
     </message>
     <message>
         <source>0.5</source>
-        <translation type="unfinished" />
+        <translation>0.5</translation>
     </message>
     <message>
         <source>Unlimited</source>
-        <translation type="unfinished" />
+        <translation>Unbegrenzt</translation>
     </message>
     <message>
         <source>kbytes/sec</source>
-        <translation type="unfinished" />
+        <translation>KByte/s</translation>
     </message>
     <message>
         <source>&amp;Yes, apply this restriction to friendly hosts.</source>
-        <translation type="unfinished" />
+        <translation>&amp;Ja, diese Beschränkung auch auf befreundete Hosts anwenden.</translation>
     </message>
     <message>
         <source>&amp;No, allow friendly hosts unlimited throughput</source>
-        <translation type="unfinished" />
+        <translation>&amp;Nein, befreundeten Hosts unbegrenzten Durchsatz erlauben</translation>
     </message>
     <message>
         <source>Do you wish to apply this throughput restriction to Friendly hosts ?</source>
-        <translation type="unfinished" />
+        <translation>Soll diese Durchsatzbeschränkung auch für befreundete Hosts gelten?</translation>
     </message>
 </context>
 <context>
     <name>CAntiDoSWizard_5</name>
     <message>
         <source>Finish</source>
-        <translation type="unfinished" />
+        <translation>Fertig stellen</translation>
     </message>
     <message>
         <source>Exit the Anti "Denial of Service" Wizard</source>
-        <translation type="unfinished" />
+        <translation>Den Anti-„Denial-of-Service“-Assistenten beenden</translation>
     </message>
     <message>
         <source>You have completed configuring Velbrook’s Anti "Denial of Service" features.  Click Finish to start using the new configuation.</source>
-        <translation type="unfinished" />
+        <translation>Sie haben die Funktionen gegen „Denial of Service“ von Velbrook eingerichtet.  Klicken Sie auf „Fertig stellen“, um die neue Konfiguration zu verwenden.</translation>
     </message>
 </context>
 <context>
     <name>CAntiRelayWizard</name>
     <message>
         <source>AntiRelay Wizard</source>
-        <translation type="unfinished" />
+        <translation>Anti-Relay-Assistent</translation>
     </message>
 </context>
 <context>
     <name>CAntiRelayWizard_1</name>
     <message>
         <source>Start</source>
-        <translation type="unfinished" />
+        <translation>Start</translation>
     </message>
     <message>
         <source>Initial qualification</source>
-        <translation type="unfinished" />
+        <translation>Vorprüfung</translation>
     </message>
     <message>
         <source>Welcome to the Anti-Relay Wizard</source>
-        <translation type="unfinished" />
+        <translation>Willkommen beim Anti-Relay-Assistenten</translation>
     </message>
     <message>
         <source>An open relay passes anybody's mail on to anywhere, and is blacklisted within hours. This wizard sets who may relay mail through the SMTP receiver: whether users must authenticate, which local subnets and friendly sites may relay without authenticating, which other domains the server relays to, and how the return address of relayed mail is checked.
@@ -189,159 +193,163 @@ To continue, click Next.</source>
 Nothing is changed until you click Finish on the last page.
 
 To continue, click Next.</source>
-        <translation type="unfinished" />
+        <translation>Ein offenes Relay leitet jedermanns Mail überallhin weiter und steht binnen Stunden auf schwarzen Listen. Dieser Assistent legt fest, wer Mail über den SMTP-Empfänger weiterleiten darf: ob sich Benutzer anmelden müssen, welche lokalen Subnetze und befreundeten Sites ohne Anmeldung weiterleiten dürfen, an welche anderen Domänen der Server weiterleitet und wie die Absenderadresse weitergeleiteter Mail geprüft wird.
+
+Nichts wird geändert, bevor Sie auf der letzten Seite auf „Fertig stellen“ klicken.
+
+Klicken Sie auf „Weiter“, um fortzufahren.</translation>
     </message>
 </context>
 <context>
     <name>CAntiRelayWizard_2</name>
     <message>
         <source>Authentication policy</source>
-        <translation type="unfinished" />
+        <translation>Anmelderichtlinie</translation>
     </message>
     <message>
         <source>Do you wish to force users to authenticate with your SMTP server in order to be permitted to relay mail through your system?  Authentication is recommended.</source>
-        <translation type="unfinished" />
+        <translation>Sollen sich Benutzer bei Ihrem SMTP-Server anmelden müssen, um Mail über Ihr System weiterleiten zu dürfen?  Die Anmeldung wird empfohlen.</translation>
     </message>
     <message>
         <source>Users must &amp;always authenticate</source>
-        <translation type="unfinished" />
+        <translation>Benutzer müssen sich &amp;immer anmelden</translation>
     </message>
     <message>
         <source>Users must authenticate &amp;unless connecting from a Friendly site</source>
-        <translation type="unfinished" />
+        <translation>Benutzer müssen sich anmelden, &amp;außer bei Verbindungen von einer befreundeten Site</translation>
     </message>
     <message>
         <source>&amp;No authentication required</source>
-        <translation type="unfinished" />
+        <translation>&amp;Keine Anmeldung erforderlich</translation>
     </message>
 </context>
 <context>
     <name>CAntiRelayWizard_2_1</name>
     <message>
         <source>Local subnets</source>
-        <translation type="unfinished" />
+        <translation>Lokale Subnetze</translation>
     </message>
     <message>
         <source>&amp;Yes</source>
-        <translation type="unfinished" />
+        <translation>&amp;Ja</translation>
     </message>
     <message>
         <source>&amp;No</source>
-        <translation type="unfinished" />
+        <translation>&amp;Nein</translation>
     </message>
     <message>
         <source>Local subnet</source>
-        <translation type="unfinished" />
+        <translation>Lokales Subnetz</translation>
     </message>
     <message>
         <source>Do you wish to accept email for relay from machines on your subnet (IP address %s) without requiring them to authenticate with your SMTP server?</source>
-        <translation type="unfinished" />
+        <translation>Soll Mail zur Weiterleitung von Rechnern in Ihrem Subnetz (IP-Adresse %s) angenommen werden, ohne dass sie sich bei Ihrem SMTP-Server anmelden?</translation>
     </message>
 </context>
 <context>
     <name>CAntiRelayWizard_2_2</name>
     <message>
         <source>Friendly sites</source>
-        <translation type="unfinished" />
+        <translation>Befreundete Sites</translation>
     </message>
     <message>
         <source>Friendly sites relay without authenticating with your SMTP server. Enter a list of IP addresses or host names that you wish to approve for relay without authentication:  IP addresses of clients that do not support authenticated SMTP should be listed here.</source>
-        <translation type="unfinished" />
+        <translation>Befreundete Sites leiten ohne Anmeldung bei Ihrem SMTP-Server weiter. Geben Sie die IP-Adressen oder Hostnamen ein, die ohne Anmeldung weiterleiten dürfen:  IP-Adressen von Clients, die kein SMTP mit Anmeldung unterstützen, gehören hierher.</translation>
     </message>
     <message>
         <source>&amp;Friendly sites that relay without authentication:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Befreundete Sites, die ohne Anmeldung weiterleiten:</translation>
     </message>
     <message>
         <source>The only column</source>
-        <translation type="unfinished" />
+        <translation>Die einzige Spalte</translation>
     </message>
     <message>
         <source>new domain</source>
-        <translation type="unfinished" />
+        <translation>neue Domäne</translation>
     </message>
 </context>
 <context>
     <name>CAntiRelayWizard_3</name>
     <message>
         <source>Other domains</source>
-        <translation type="unfinished" />
+        <translation>Andere Domänen</translation>
     </message>
     <message>
         <source>Do you wish to relay mail that is addressed to recipients in non-local domains?  If so, enter the names of those domains here. This is applicable if you relay for a third party domain.</source>
-        <translation type="unfinished" />
+        <translation>Soll Mail an Empfänger in nicht lokalen Domänen weitergeleitet werden?  Wenn ja, geben Sie hier die Namen dieser Domänen ein. Das gilt, wenn Sie für die Domäne eines Dritten weiterleiten.</translation>
     </message>
     <message>
         <source>&amp;Other domains:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Andere Domänen:</translation>
     </message>
     <message>
         <source>The only column</source>
-        <translation type="unfinished" />
+        <translation>Die einzige Spalte</translation>
     </message>
     <message>
         <source>new domain</source>
-        <translation type="unfinished" />
+        <translation>neue Domäne</translation>
     </message>
 </context>
 <context>
     <name>CAntiRelayWizard_4</name>
     <message>
         <source>Third-party relaying</source>
-        <translation type="unfinished" />
+        <translation>Weiterleitung für Dritte</translation>
     </message>
     <message>
         <source>Do you wish to force users to specify a valid return address for mail messages that they are sending for relay elsewhere?  Choose one:</source>
-        <translation type="unfinished" />
+        <translation>Sollen Benutzer für Nachrichten, die sie zur Weiterleitung senden, eine gültige Absenderadresse angeben müssen?  Wählen Sie eine Möglichkeit:</translation>
     </message>
     <message>
         <source>User must specify valid local return &amp;address, including the domain component</source>
-        <translation type="unfinished" />
+        <translation>Benutzer muss eine gültige lokale Absender&amp;adresse samt Domäne angeben</translation>
     </message>
     <message>
         <source>User must specify valid local return &amp;mailbox; server will add the relevant domain component</source>
-        <translation type="unfinished" />
+        <translation>Benutzer muss ein gültiges lokales Absender&amp;postfach angeben; der Server ergänzt die Domäne</translation>
     </message>
     <message>
         <source>User &amp;need not specify a local return address.</source>
-        <translation type="unfinished" />
+        <translation>Benutzer muss &amp;keine lokale Absenderadresse angeben.</translation>
     </message>
 </context>
 <context>
     <name>CAntiRelayWizard_5</name>
     <message>
         <source>Finish</source>
-        <translation type="unfinished" />
+        <translation>Fertig stellen</translation>
     </message>
     <message>
         <source>Exit Anti-Relay Wizard</source>
-        <translation type="unfinished" />
+        <translation>Den Anti-Relay-Assistenten beenden</translation>
     </message>
     <message>
         <source>You have completed configuring Velbrook's anti-relay features.  Click Finish to start using the new configuration.</source>
-        <translation type="unfinished" />
+        <translation>Sie haben die Funktionen gegen Relaying von Velbrook eingerichtet.  Klicken Sie auf „Fertig stellen“, um die neue Konfiguration zu verwenden.</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard</name>
     <message>
         <source>AntiSpam Wizard</source>
-        <translation type="unfinished" />
+        <translation>Anti-Spam-Assistent</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_1</name>
     <message>
         <source>Start</source>
-        <translation type="unfinished" />
+        <translation>Start</translation>
     </message>
     <message>
         <source>Initial qualification</source>
-        <translation type="unfinished" />
+        <translation>Vorprüfung</translation>
     </message>
     <message>
         <source>Welcome to the SMTP Security Wizard</source>
-        <translation type="unfinished" />
+        <translation>Willkommen beim SMTP-Sicherheitsassistenten</translation>
     </message>
     <message>
         <source>This wizard helps you protect the SMTP receiver against unsolicited mail: it can block servers without a DNS host name, check DNS blacklist services, keep a private blacklist of mail servers, block return addresses, insist on qualified addresses and limit the number of recipients of a message.
@@ -349,275 +357,279 @@ To continue, click Next.</source>
 Nothing is changed until you click Finish on the last page.
 
 To continue, click Next.</source>
-        <translation type="unfinished" />
+        <translation>Dieser Assistent schützt den SMTP-Empfänger vor unerwünschter Mail: Er kann Server ohne DNS-Hostnamen abweisen, DNS-Blacklist-Dienste abfragen, eine eigene schwarze Liste von Mailservern führen, Absenderadressen sperren, auf vollständige Adressen bestehen und die Zahl der Empfänger einer Nachricht begrenzen.
+
+Nichts wird geändert, bevor Sie auf der letzten Seite auf „Fertig stellen“ klicken.
+
+Klicken Sie auf „Weiter“, um fortzufahren.</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_2</name>
     <message>
         <source>Anonymous servers</source>
-        <translation type="unfinished" />
+        <translation>Anonyme Server</translation>
     </message>
     <message>
         <source>Do you wish to block mail from anonymous servers (servers without a DNS host name)?</source>
-        <translation type="unfinished" />
+        <translation>Soll Mail von anonymen Servern (Servern ohne DNS-Hostnamen) abgewiesen werden?</translation>
     </message>
     <message>
         <source>&amp;Yes</source>
-        <translation type="unfinished" />
+        <translation>&amp;Ja</translation>
     </message>
     <message>
         <source>&amp;No</source>
-        <translation type="unfinished" />
+        <translation>&amp;Nein</translation>
     </message>
     <message>
         <source>Note: DNS lookup will automatically be turned on if you select the Yes option.</source>
-        <translation type="unfinished" />
+        <translation>Hinweis: Wenn Sie „Ja“ wählen, wird die DNS-Abfrage automatisch eingeschaltet.</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_3</name>
     <message>
         <source>Blacklist servers</source>
-        <translation type="unfinished" />
+        <translation>Blacklist-Server</translation>
     </message>
     <message>
         <source>&amp;Yes, reject mail from blacklisted mail servers ...</source>
-        <translation type="unfinished" />
+        <translation>&amp;Ja, Mail von Mailservern auf schwarzen Listen abweisen ...</translation>
     </message>
     <message>
         <source>&amp;No, don’t check any blacklist services</source>
-        <translation type="unfinished" />
+        <translation>&amp;Nein, keine Blacklist-Dienste abfragen</translation>
     </message>
     <message>
         <source>... &amp;unless they appear in the list of friendly sites.</source>
-        <translation type="unfinished" />
+        <translation>... &amp;außer sie stehen in der Liste der befreundeten Sites.</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_3_1</name>
     <message>
         <source>Select blacklist servers</source>
-        <translation type="unfinished" />
+        <translation>Blacklist-Server auswählen</translation>
     </message>
     <message>
         <source>Blacklist servers 2</source>
-        <translation type="unfinished" />
+        <translation>Blacklist-Server 2</translation>
     </message>
     <message>
         <source>&amp;Well known black list services:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Bekannte Blacklist-Dienste:</translation>
     </message>
     <message>
         <source>Enter a list of blacklist services and associated explanatory URLs.  Either edit the list directly or choose from the the list of known services</source>
-        <translation type="unfinished" />
+        <translation>Geben Sie eine Liste von Blacklist-Diensten mit erklärenden URLs ein.  Bearbeiten Sie die Liste direkt oder wählen Sie aus der Liste bekannter Dienste</translation>
     </message>
     <message>
         <source>&amp;Blacklist Services, checked in the order listed:</source>
-        <translation type="unfinished" />
+        <translation>Blacklist-&amp;Dienste, in der angegebenen Reihenfolge abgefragt:</translation>
     </message>
     <message>
         <source>Blacklist Service</source>
-        <translation type="unfinished" />
+        <translation>Blacklist-Dienst</translation>
     </message>
     <message>
         <source>new service</source>
-        <translation type="unfinished" />
+        <translation>neuer Dienst</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_4</name>
     <message>
         <source>Private blacklist</source>
-        <translation type="unfinished" />
+        <translation>Eigene schwarze Liste</translation>
     </message>
     <message>
         <source>Do you want to specify additional host names or IP addresses from which you do not wish to accept mail?</source>
-        <translation type="unfinished" />
+        <translation>Möchten Sie weitere Hostnamen oder IP-Adressen angeben, von denen Sie keine Mail annehmen möchten?</translation>
     </message>
     <message>
         <source>&amp;Yes, I want to specify additional mail servers to block</source>
-        <translation type="unfinished" />
+        <translation>&amp;Ja, ich möchte weitere Mailserver sperren</translation>
     </message>
     <message>
         <source>&amp;No, I don’t want to block any other mail servers</source>
-        <translation type="unfinished" />
+        <translation>&amp;Nein, ich möchte keine weiteren Mailserver sperren</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_4_1</name>
     <message>
         <source>Specify private blacklist</source>
-        <translation type="unfinished" />
+        <translation>Eigene schwarze Liste angeben</translation>
     </message>
     <message>
         <source>Private Blacklist</source>
-        <translation type="unfinished" />
+        <translation>Eigene schwarze Liste</translation>
     </message>
     <message>
         <source>Specify additional mail server IP addresses or host names from which you do not want to receive mail. If names are specified tne DNS lookup feature will be enabled.</source>
-        <translation type="unfinished" />
+        <translation>Geben Sie weitere IP-Adressen oder Hostnamen von Mailservern an, von denen Sie keine Mail empfangen möchten. Werden Namen angegeben, wird die DNS-Abfrage eingeschaltet.</translation>
     </message>
     <message>
         <source>&amp;Private blacklist:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Eigene schwarze Liste:</translation>
     </message>
     <message>
         <source>The only column</source>
-        <translation type="unfinished" />
+        <translation>Die einzige Spalte</translation>
     </message>
     <message>
         <source>new domain</source>
-        <translation type="unfinished" />
+        <translation>neue Domäne</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_4_2</name>
     <message>
         <source>Erase existing blacklist</source>
-        <translation type="unfinished" />
+        <translation>Bestehende schwarze Liste löschen</translation>
     </message>
     <message>
         <source>Your current configuration specifies the following list of blocked mail servers.  Do you want to keep this configuration?</source>
-        <translation type="unfinished" />
+        <translation>Ihre aktuelle Konfiguration sperrt die folgenden Mailserver.  Möchten Sie diese Konfiguration behalten?</translation>
     </message>
     <message>
         <source>&amp;Yes, keep using this list of mail servers to block</source>
-        <translation type="unfinished" />
+        <translation>&amp;Ja, diese Liste gesperrter Mailserver weiter verwenden</translation>
     </message>
     <message>
         <source>&amp;No, erase this list of mail servers</source>
-        <translation type="unfinished" />
+        <translation>&amp;Nein, diese Liste von Mailservern löschen</translation>
     </message>
     <message>
         <source>B&amp;lacklist:</source>
-        <translation type="unfinished" />
+        <translation>Schwarze &amp;Liste:</translation>
     </message>
     <message>
         <source>The only column</source>
-        <translation type="unfinished" />
+        <translation>Die einzige Spalte</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_5</name>
     <message>
         <source>Return addresses</source>
-        <translation type="unfinished" />
+        <translation>Absenderadressen</translation>
     </message>
     <message>
         <source>Do you want to verify that the return address on incoming mail is valid?</source>
-        <translation type="unfinished" />
+        <translation>Soll geprüft werden, ob die Absenderadresse eingehender Mail gültig ist?</translation>
     </message>
     <message>
         <source>&amp;Yes</source>
-        <translation type="unfinished" />
+        <translation>&amp;Ja</translation>
     </message>
     <message>
         <source>&amp;No</source>
-        <translation type="unfinished" />
+        <translation>&amp;Nein</translation>
     </message>
     <message>
         <source>Return address</source>
-        <translation type="unfinished" />
+        <translation>Absenderadresse</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_5_1</name>
     <message>
         <source>Block return addresses</source>
-        <translation type="unfinished" />
+        <translation>Absenderadressen sperren</translation>
     </message>
     <message>
         <source>Specify a list of return addresses from which mail will be rejected.  Leave the list empty if you don’t want to block mail based on the return address</source>
-        <translation type="unfinished" />
+        <translation>Geben Sie Absenderadressen an, von denen Mail abgewiesen wird.  Lassen Sie die Liste leer, wenn Sie Mail nicht nach der Absenderadresse sperren möchten</translation>
     </message>
     <message>
         <source>&amp;Return addresses:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Absenderadressen:</translation>
     </message>
     <message>
         <source>Return address</source>
-        <translation type="unfinished" />
+        <translation>Absenderadresse</translation>
     </message>
     <message>
         <source>new domain</source>
-        <translation type="unfinished" />
+        <translation>neue Domäne</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_6</name>
     <message>
         <source>Recipient addressess</source>
-        <translation type="unfinished" />
+        <translation>Empfängeradressen</translation>
     </message>
     <message>
         <source>What should the SMTP receiver do with a recipient address that has no domain name?</source>
-        <translation type="unfinished" />
+        <translation>Was soll der SMTP-Empfänger mit einer Empfängeradresse ohne Domänennamen tun?</translation>
     </message>
     <message>
         <source>&amp;Insist on fully qualified recipient addresses.</source>
-        <translation type="unfinished" />
+        <translation>Auf &amp;vollständigen Empfängeradressen bestehen.</translation>
     </message>
     <message>
         <source>&amp;Append an appropriate domain name.</source>
-        <translation type="unfinished" />
+        <translation>Einen passenden Domänennamen &amp;anhängen.</translation>
     </message>
     <message>
         <source>Recipients</source>
-        <translation type="unfinished" />
+        <translation>Empfänger</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_6_1</name>
     <message>
         <source>Maximum recipients</source>
-        <translation type="unfinished" />
+        <translation>Höchstzahl der Empfänger</translation>
     </message>
     <message>
         <source>&amp;Most recipients one message may have:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Höchstzahl der Empfänger einer Nachricht:</translation>
     </message>
     <message>
         <source>Note: A value of zero implies no limit to the number of recipients.</source>
-        <translation type="unfinished" />
+        <translation>Hinweis: Null bedeutet keine Grenze für die Zahl der Empfänger.</translation>
     </message>
 </context>
 <context>
     <name>CAntiSpamWizard_7</name>
     <message>
         <source>Finish</source>
-        <translation type="unfinished" />
+        <translation>Fertig stellen</translation>
     </message>
     <message>
         <source>Exit SMTP Wizard</source>
-        <translation type="unfinished" />
+        <translation>SMTP-Assistenten beenden</translation>
     </message>
     <message>
         <source>You have completed configuring Velbrook’s SMTP security features.  Click Finish to start using the new configuration.</source>
-        <translation type="unfinished" />
+        <translation>Sie haben die SMTP-Sicherheitsfunktionen von Velbrook eingerichtet.  Klicken Sie auf „Fertig stellen“, um die neue Konfiguration zu verwenden.</translation>
     </message>
 </context>
 <context>
     <name>CDbLogConfigDlg</name>
     <message>
         <source>Also &amp;log events to a database</source>
-        <translation type="unfinished" />
+        <translation>Ereignisse auch in einer Datenbank &amp;protokollieren</translation>
     </message>
     <message>
         <source>Database</source>
-        <translation type="unfinished" />
+        <translation>Datenbank</translation>
     </message>
     <message>
         <source>The configuration &amp;store's own database</source>
-        <translation type="unfinished" />
+        <translation>Die eigene Datenbank des Konfigurations&amp;speichers</translation>
     </message>
     <message>
         <source>A separate SQLite &amp;file:</source>
-        <translation type="unfinished" />
+        <translation>Eine eigene SQLite-&amp;Datei:</translation>
     </message>
     <message>
         <source>A &amp;PostgreSQL database (connection URI):</source>
-        <translation type="unfinished" />
+        <translation>Eine &amp;PostgreSQL-Datenbank (Verbindungs-URI):</translation>
     </message>
     <message>
         <source>&amp;Browse...</source>
@@ -625,51 +637,51 @@ To continue, click Next.</source>
     </message>
     <message>
         <source>&amp;Test Connection</source>
-        <translation type="unfinished" />
+        <translation>Verbindung &amp;testen</translation>
     </message>
     <message>
         <source> days</source>
-        <translation type="unfinished" />
+        <translation> Tage</translation>
     </message>
     <message>
         <source>Keep for ever</source>
-        <translation type="unfinished" />
+        <translation>Für immer behalten</translation>
     </message>
     <message>
         <source>&amp;Keep events for:</source>
-        <translation type="unfinished" />
+        <translation>Ereignisse &amp;behalten für:</translation>
     </message>
     <message>
         <source>Events logged</source>
-        <translation type="unfinished" />
+        <translation>Protokollierte Ereignisse</translation>
     </message>
     <message>
         <source>Messages &amp;received</source>
-        <translation type="unfinished" />
+        <translation>Nachrichten &amp;empfangen</translation>
     </message>
     <message>
         <source>Messages &amp;delivered or returned</source>
-        <translation type="unfinished" />
+        <translation>Nachrichten &amp;zugestellt oder zurückgeschickt</translation>
     </message>
     <message>
         <source>Refused connections, s&amp;enders and recipients</source>
-        <translation type="unfinished" />
+        <translation>Abgewiesene Verbindungen, &amp;Absender und Empfänger</translation>
     </message>
     <message>
         <source>Logins and failed logi&amp;ns</source>
-        <translation type="unfinished" />
+        <translation>Anmeldungen und fehlgeschlagene A&amp;nmeldungen</translation>
     </message>
     <message>
         <source>Lock&amp;outs, bans and harvest probation</source>
-        <translation type="unfinished" />
+        <translation>&amp;Sperren, Verbannungen und Harvest-Bewährung</translation>
     </message>
     <message>
         <source>Ser&amp;vices started and stopped</source>
-        <translation type="unfinished" />
+        <translation>&amp;Dienste gestartet und beendet</translation>
     </message>
     <message>
         <source>Configuration &amp;changes</source>
-        <translation type="unfinished" />
+        <translation>Konfigurations&amp;änderungen</translation>
     </message>
 </context>
 <context>
@@ -1051,58 +1063,58 @@ dass sich die Nachricht verzögert.</translation>
     <name>CLogFlagsPage</name>
     <message>
         <source>Write these events to the log:</source>
-        <translation type="unfinished" />
+        <translation>Diese Ereignisse ins Protokoll schreiben:</translation>
     </message>
     <message>
         <source>Select &amp;All</source>
-        <translation type="unfinished" />
+        <translation>&amp;Alle auswählen</translation>
     </message>
     <message>
         <source>Clear A&amp;ll</source>
-        <translation type="unfinished" />
+        <translation>Alle a&amp;bwählen</translation>
     </message>
 </context>
 <context>
     <name>CMailListDigestPage</name>
     <message>
         <source> KB</source>
-        <translation type="unfinished" />
+        <translation> KB</translation>
     </message>
     <message>
         <source> hours</source>
-        <translation type="unfinished" />
+        <translation> Stunden</translation>
     </message>
     <message>
         <source>Plain text</source>
-        <translation type="unfinished" />
+        <translation>Reiner Text</translation>
     </message>
     <message>
         <source>MIME, each message attached</source>
-        <translation type="unfinished" />
+        <translation>MIME, jede Nachricht als Anhang</translation>
     </message>
     <message>
         <source>No size limit</source>
-        <translation type="unfinished" />
+        <translation>Keine Größengrenze</translation>
     </message>
     <message>
         <source>No time limit</source>
-        <translation type="unfinished" />
+        <translation>Keine Zeitgrenze</translation>
     </message>
     <message>
         <source>A digest is sent as soon as either threshold is reached.</source>
-        <translation type="unfinished" />
+        <translation>Eine Sammelnachricht wird verschickt, sobald eine der beiden Schwellen erreicht ist.</translation>
     </message>
     <message>
         <source>Send when the digest reaches &amp;size:</source>
-        <translation type="unfinished" />
+        <translation>Verschicken, wenn die Sammelnachricht diese &amp;Größe erreicht:</translation>
     </message>
     <message>
         <source>Send when the oldest message is &amp;older than:</source>
-        <translation type="unfinished" />
+        <translation>Verschicken, wenn die älteste Nachricht &amp;älter ist als:</translation>
     </message>
     <message>
         <source>Digest &amp;format:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Format der Sammelnachricht:</translation>
     </message>
 </context>
 <context>
@@ -1113,7 +1125,7 @@ dass sich die Nachricht verzögert.</translation>
     </message>
     <message>
         <source>Repl&amp;y to list</source>
-        <translation type="unfinished" />
+        <translation>Antwort an die &amp;Liste</translation>
     </message>
     <message>
         <source>&amp;Force</source>
@@ -1121,67 +1133,67 @@ dass sich die Nachricht verzögert.</translation>
     </message>
     <message>
         <source>&amp;Moderators:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Moderatoren:</translation>
     </message>
     <message>
         <source>Non-delivery reports</source>
-        <translation type="unfinished" />
+        <translation>Unzustellbarkeitsberichte</translation>
     </message>
     <message>
         <source>&amp;Return to sender</source>
-        <translation type="unfinished" />
+        <translation>An den Absender &amp;zurück</translation>
     </message>
     <message>
         <source>&amp;Send to:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Senden an:</translation>
     </message>
     <message>
         <source>Who can post:</source>
-        <translation type="unfinished" />
+        <translation>Wer darf schreiben:</translation>
     </message>
     <message>
         <source>&amp;Anyone</source>
-        <translation type="unfinished" />
+        <translation>&amp;Jeder</translation>
     </message>
     <message>
         <source>Mem&amp;bers</source>
-        <translation type="unfinished" />
+        <translation>Mit&amp;glieder</translation>
     </message>
     <message>
         <source>Members and d&amp;igesters</source>
-        <translation type="unfinished" />
+        <translation>Mitglieder und &amp;Sammelbezieher</translation>
     </message>
     <message>
         <source>M&amp;oderators</source>
-        <translation type="unfinished" />
+        <translation>M&amp;oderatoren</translation>
     </message>
     <message>
         <source>Moderator controls:</source>
-        <translation type="unfinished" />
+        <translation>Moderator kontrolliert:</translation>
     </message>
     <message>
         <source>&amp;Joining</source>
-        <translation type="unfinished" />
+        <translation>&amp;Beitritt</translation>
     </message>
     <message>
         <source>&amp;Leaving</source>
-        <translation type="unfinished" />
+        <translation>&amp;Austritt</translation>
     </message>
     <message>
         <source>Con&amp;tent</source>
-        <translation type="unfinished" />
+        <translation>&amp;Inhalt</translation>
     </message>
     <message>
         <source>Notify moderator on:</source>
-        <translation type="unfinished" />
+        <translation>Moderator benachrichtigen bei:</translation>
     </message>
     <message>
         <source>Joi&amp;ning</source>
-        <translation type="unfinished" />
+        <translation>Bei&amp;tritt</translation>
     </message>
     <message>
         <source>Lea&amp;ving</source>
-        <translation type="unfinished" />
+        <translation>Aus&amp;tritt</translation>
     </message>
     <message>
         <source>Agents</source>
@@ -1189,62 +1201,62 @@ dass sich die Nachricht verzögert.</translation>
     </message>
     <message>
         <source>Mail list ag&amp;ent:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Agent der Mailingliste:</translation>
     </message>
     <message>
         <source>Mail list &amp;processor agent:</source>
-        <translation type="unfinished" />
+        <translation>Agent des Listen&amp;prozessors:</translation>
     </message>
     <message>
         <source>Ma&amp;x message size (bytes):</source>
-        <translation type="unfinished" />
+        <translation>Ma&amp;x. Nachrichtengröße (Bytes):</translation>
     </message>
     <message>
         <source>Confirmation message to sender</source>
-        <translation type="unfinished" />
+        <translation>Bestätigungsnachricht an den Absender</translation>
     </message>
     <message>
         <source>Disable mail list</source>
-        <translation type="unfinished" />
+        <translation>Mailingliste deaktivieren</translation>
     </message>
     <message>
         <source>Lo&amp;g list processor commands</source>
-        <translation type="unfinished" />
+        <translation>Befehle des Listenprozessors &amp;protokollieren</translation>
     </message>
     <message>
         <source>Disallow multiple &amp;commands</source>
-        <translation type="unfinished" />
+        <translation>&amp;Mehrere Befehle nicht zulassen</translation>
     </message>
     <message>
         <source>Journal in your local lang&amp;uage</source>
-        <translation type="unfinished" />
+        <translation>Journal in Ihrer &amp;Landessprache</translation>
     </message>
     <message>
         <source>Poster must use SMTP authentication</source>
-        <translation type="unfinished" />
+        <translation>Absender muss SMTP-Anmeldung verwenden</translation>
     </message>
 </context>
 <context>
     <name>CMailListMembersPage</name>
     <message>
         <source>Line %1: %2</source>
-        <translation type="unfinished" />
+        <translation>Zeile %1: %2</translation>
     </message>
     <message>
         <source>... and %1 more</source>
-        <translation type="unfinished" />
+        <translation>... und %1 weitere</translation>
     </message>
     <message>
         <source>Members</source>
-        <translation type="unfinished" />
+        <translation>Mitglieder</translation>
     </message>
     <message>
         <source>Part of an address or a name</source>
-        <translation type="unfinished" />
+        <translation>Teil einer Adresse oder eines Namens</translation>
     </message>
     <message>
         <source>&amp;Search:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Suchen:</translation>
     </message>
     <message>
         <source>&amp;Add</source>
@@ -1264,15 +1276,15 @@ dass sich die Nachricht verzögert.</translation>
     </message>
     <message>
         <source>New member's a&amp;ddress:</source>
-        <translation type="unfinished" />
+        <translation>A&amp;dresse des neuen Mitglieds:</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Name:</translation>
     </message>
     <message>
         <source>Import members</source>
-        <translation type="unfinished" />
+        <translation>Mitglieder importieren</translation>
     </message>
     <message>
         <source>Comma-separated values</source>
@@ -1284,97 +1296,98 @@ dass sich die Nachricht verzögert.</translation>
     </message>
     <message>
         <source>Export members</source>
-        <translation type="unfinished" />
+        <translation>Mitglieder exportieren</translation>
     </message>
 </context>
 <context>
     <name>CMailListMessagesPage</name>
     <message>
         <source>Messages</source>
-        <translation type="unfinished" />
+        <translation>Nachrichten</translation>
     </message>
     <message>
         <source>Keep attachments</source>
-        <translation type="unfinished" />
+        <translation>Anhänge behalten</translation>
     </message>
     <message>
         <source>Remove attachments before distribution</source>
-        <translation type="unfinished" />
+        <translation>Anhänge vor dem Verteilen entfernen</translation>
     </message>
     <message>
         <source>Refuse messages with attachments</source>
-        <translation type="unfinished" />
+        <translation>Nachrichten mit Anhängen abweisen</translation>
     </message>
     <message>
         <source>Subject &amp;prefix:</source>
-        <translation type="unfinished" />
+        <translation>Betreff-&amp;Präfix:</translation>
     </message>
     <message>
         <source>Text &amp;before each message:</source>
-        <translation type="unfinished" />
+        <translation>Text &amp;vor jeder Nachricht:</translation>
     </message>
     <message>
         <source>Text &amp;after each message:</source>
-        <translation type="unfinished" />
+        <translation>Text &amp;nach jeder Nachricht:</translation>
     </message>
     <message>
         <source>A&amp;ttachments:</source>
-        <translation type="unfinished" />
+        <translation>A&amp;nhänge:</translation>
     </message>
 </context>
 <context>
     <name>CMailListPluginConfigPage</name>
     <message>
         <source>Configuration</source>
-        <translation type="unfinished" />
+        <translation>Konfiguration</translation>
     </message>
     <message>
         <source>&amp;Rules that decide who receives this list's mail:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Regeln, die bestimmen, wer die Mail dieser Liste erhält:</translation>
     </message>
     <message>
         <source>Rule</source>
-        <translation type="unfinished" />
+        <translation>Regel</translation>
     </message>
     <message>
         <source>Value</source>
-        <translation type="unfinished" />
+        <translation>Wert</translation>
     </message>
     <message>
         <source>&amp;Add rule</source>
-        <translation type="unfinished" />
+        <translation>Regel &amp;hinzufügen</translation>
     </message>
     <message>
         <source>R&amp;emove rule</source>
-        <translation type="unfinished" />
+        <translation>Regel &amp;entfernen</translation>
     </message>
 </context>
 <context>
     <name>CMailListScriptPage</name>
     <message>
         <source>Header Script</source>
-        <translation type="unfinished" />
+        <translation>Kopfzeilen-Skript</translation>
     </message>
     <message>
         <source>&amp;Commands that rewrite the headers of each message before it is distributed:
 add Name: value, set Name: value, remove Name, rename Name NewName.</source>
-        <translation type="unfinished" />
+        <translation>&amp;Befehle, die die Kopfzeilen jeder Nachricht vor dem Verteilen umschreiben:
+add Name: Wert, set Name: Wert, remove Name, rename Name NeuerName.</translation>
     </message>
     <message>
         <source>Check &amp;syntax</source>
-        <translation type="unfinished" />
+        <translation>&amp;Syntax prüfen</translation>
     </message>
     <message>
         <source>The script has no errors.</source>
-        <translation type="unfinished" />
+        <translation>Das Skript hat keine Fehler.</translation>
     </message>
     <message>
         <source>Line %1: %2</source>
-        <translation type="unfinished" />
+        <translation>Zeile %1: %2</translation>
     </message>
     <message>
         <source>... and %1 more</source>
-        <translation type="unfinished" />
+        <translation>... und %1 weitere</translation>
     </message>
 </context>
 <context>
@@ -1385,81 +1398,81 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     </message>
     <message>
         <source>Anyone</source>
-        <translation type="unfinished" />
+        <translation>Jeder</translation>
     </message>
     <message>
         <source>Addresses in this server's domains only</source>
-        <translation type="unfinished" />
+        <translation>Nur Adressen in den Domänen dieses Servers</translation>
     </message>
     <message>
         <source>Nobody: members are added by an administrator</source>
-        <translation type="unfinished" />
+        <translation>Niemand: Mitglieder werden von einem Administrator hinzugefügt</translation>
     </message>
     <message>
         <source>Ask new members to &amp;confirm their subscription by mail</source>
-        <translation type="unfinished" />
+        <translation>Neue Mitglieder ihr Abonnement per Mail &amp;bestätigen lassen</translation>
     </message>
     <message>
         <source>One address pattern per line, such as *@example.com</source>
-        <translation type="unfinished" />
+        <translation>Ein Adressmuster pro Zeile, etwa *@example.com</translation>
     </message>
     <message>
         <source>&amp;Who may subscribe:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Wer darf abonnieren:</translation>
     </message>
     <message>
         <source>Senders &amp;allowed to post:</source>
-        <translation type="unfinished" />
+        <translation>Absender, die schreiben &amp;dürfen:</translation>
     </message>
     <message>
         <source>Senders &amp;refused:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Abgewiesene Absender:</translation>
     </message>
 </context>
 <context>
     <name>CMailListSheet</name>
     <message>
         <source>Digest</source>
-        <translation type="unfinished" />
+        <translation>Sammelnachricht</translation>
     </message>
     <message>
         <source>Moderator Digest</source>
-        <translation type="unfinished" />
+        <translation>Moderator-Sammelnachricht</translation>
     </message>
 </context>
 <context>
     <name>CMailListWebArchivePage</name>
     <message>
         <source>Web Archive</source>
-        <translation type="unfinished" />
+        <translation>Webarchiv</translation>
     </message>
     <message>
         <source>&amp;Keep a web archive of this list's messages</source>
-        <translation type="unfinished" />
+        <translation>Ein &amp;Webarchiv der Nachrichten dieser Liste führen</translation>
     </message>
     <message>
         <source>B&amp;rowse...</source>
-        <translation type="unfinished" />
+        <translation>Du&amp;rchsuchen...</translation>
     </message>
     <message>
         <source> days</source>
-        <translation type="unfinished" />
+        <translation> Tage</translation>
     </message>
     <message>
         <source>Keep for ever</source>
-        <translation type="unfinished" />
+        <translation>Für immer behalten</translation>
     </message>
     <message>
         <source>Archive &amp;directory:</source>
-        <translation type="unfinished" />
+        <translation>Archiv&amp;verzeichnis:</translation>
     </message>
     <message>
         <source>Remove messages &amp;older than:</source>
-        <translation type="unfinished" />
+        <translation>Nachrichten entfernen, die &amp;älter sind als:</translation>
     </message>
     <message>
         <source>Web archive directory</source>
-        <translation type="unfinished" />
+        <translation>Verzeichnis des Webarchivs</translation>
     </message>
 </context>
 <context>
@@ -1509,46 +1522,46 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     <name>CMemberModel</name>
     <message>
         <source>Address</source>
-        <translation type="unfinished" />
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished" />
+        <translation>Name</translation>
     </message>
 </context>
 <context>
     <name>CProbationListDlg</name>
     <message>
         <source>Probation List on %1</source>
-        <translation type="unfinished" />
+        <translation>Bewährungsliste auf %1</translation>
     </message>
     <message>
         <source>These addresses tried too many unknown recipients. Mail from them is refused until their probation ends.</source>
-        <translation type="unfinished" />
+        <translation>Diese Adressen haben zu viele unbekannte Empfänger versucht. Mail von ihnen wird abgewiesen, bis ihre Bewährung endet.</translation>
     </message>
     <message>
         <source>Address</source>
-        <translation type="unfinished" />
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>On probation until</source>
-        <translation type="unfinished" />
+        <translation>Auf Bewährung bis</translation>
     </message>
     <message>
         <source>part of an address</source>
-        <translation type="unfinished" />
+        <translation>Teil einer Adresse</translation>
     </message>
     <message>
         <source>F&amp;ind:</source>
-        <translation type="unfinished" />
+        <translation>Su&amp;chen:</translation>
     </message>
     <message>
         <source>&amp;Release</source>
-        <translation type="unfinished" />
+        <translation>&amp;Freigeben</translation>
     </message>
     <message>
         <source>Re&amp;fresh</source>
-        <translation type="unfinished" />
+        <translation>A&amp;ktualisieren</translation>
     </message>
 </context>
 <context>
@@ -1610,118 +1623,118 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     <name>CSecurityAntiSpamPage</name>
     <message>
         <source>Anti-spam</source>
-        <translation type="unfinished" />
+        <translation>Anti-Spam</translation>
     </message>
     <message>
         <source>Connecting servers</source>
-        <translation type="unfinished" />
+        <translation>Verbindende Server</translation>
     </message>
     <message>
         <source>Reject mail from servers &amp;without a DNS host name</source>
-        <translation type="unfinished" />
+        <translation>Mail von Servern &amp;ohne DNS-Hostnamen abweisen</translation>
     </message>
     <message>
         <source>&amp;Look up the host names of connecting servers</source>
-        <translation type="unfinished" />
+        <translation>&amp;Hostnamen verbindender Server nachschlagen</translation>
     </message>
     <message>
         <source>Reject mail from servers on these &amp;blacklist services:</source>
-        <translation type="unfinished" />
+        <translation>Mail von Servern auf diesen &amp;Blacklist-Diensten abweisen:</translation>
     </message>
     <message>
         <source>zone, e.g. bl.spamcop.net</source>
-        <translation type="unfinished" />
+        <translation>Zone, z. B. bl.spamcop.net</translation>
     </message>
     <message>
         <source>...unless they appear in the list of &amp;friendly sites</source>
-        <translation type="unfinished" />
+        <translation>... außer sie stehen in der Liste der &amp;befreundeten Sites</translation>
     </message>
     <message>
         <source>Private blacklist</source>
-        <translation type="unfinished" />
+        <translation>Eigene schwarze Liste</translation>
     </message>
     <message>
         <source>Spam &amp;Sources...</source>
-        <translation type="unfinished" />
+        <translation>Spam-&amp;Quellen...</translation>
     </message>
     <message>
         <source>&amp;Networks...</source>
-        <translation type="unfinished" />
+        <translation>&amp;Netze...</translation>
     </message>
     <message>
         <source>Senders and recipients</source>
-        <translation type="unfinished" />
+        <translation>Absender und Empfänger</translation>
     </message>
     <message>
         <source>Refuse mail from these return addr&amp;esses:</source>
-        <translation type="unfinished" />
+        <translation>Mail von diesen Absender&amp;adressen abweisen:</translation>
     </message>
     <message>
         <source>address or @domain</source>
-        <translation type="unfinished" />
+        <translation>Adresse oder @Domäne</translation>
     </message>
     <message>
         <source>Reject return addresses that are not fully &amp;qualified</source>
-        <translation type="unfinished" />
+        <translation>Unvollständige Absenderadressen &amp;abweisen</translation>
     </message>
     <message>
         <source>Insist on fully qualified &amp;recipient addresses</source>
-        <translation type="unfinished" />
+        <translation>Auf vollständigen &amp;Empfängeradressen bestehen</translation>
     </message>
     <message>
         <source>No limit</source>
-        <translation type="unfinished" />
+        <translation>Keine Grenze</translation>
     </message>
     <message>
         <source>Most recipien&amp;ts per message:</source>
-        <translation type="unfinished" />
+        <translation>Höchstzahl der Empfän&amp;ger pro Nachricht:</translation>
     </message>
 </context>
 <context>
     <name>CSecurityDhapPage</name>
     <message>
         <source>Harvest Protection</source>
-        <translation type="unfinished" />
+        <translation>Harvest-Schutz</translation>
     </message>
     <message>
         <source>A directory harvest attack tries many made-up recipient addresses to find out which exist. An address that tries too many unknown recipients is put on probation: mail from it is refused until the probation ends.</source>
-        <translation type="unfinished" />
+        <translation>Ein Directory-Harvest-Angriff probiert viele erfundene Empfängeradressen durch, um herauszufinden, welche es gibt. Eine Adresse, die zu viele unbekannte Empfänger versucht, kommt auf Bewährung: Mail von ihr wird abgewiesen, bis die Bewährung endet.</translation>
     </message>
     <message>
         <source>&amp;Protect against directory harvest attacks</source>
-        <translation type="unfinished" />
+        <translation>Vor Directory-Harvest-Angriffen &amp;schützen</translation>
     </message>
     <message>
         <source> unknown recipients</source>
-        <translation type="unfinished" />
+        <translation> unbekannte Empfänger</translation>
     </message>
     <message>
         <source> minutes</source>
-        <translation type="unfinished" />
+        <translation> Minuten</translation>
     </message>
     <message>
         <source>Do not check &amp;friendly sites</source>
-        <translation type="unfinished" />
+        <translation>&amp;Befreundete Sites nicht prüfen</translation>
     </message>
     <message>
         <source>In one &amp;connection, at most:</source>
-        <translation type="unfinished" />
+        <translation>In einer &amp;Verbindung höchstens:</translation>
     </message>
     <message>
         <source>From one address, at &amp;most:</source>
-        <translation type="unfinished" />
+        <translation>Von einer Adresse &amp;höchstens:</translation>
     </message>
     <message>
         <source>&amp;within</source>
-        <translation type="unfinished" />
+        <translation>&amp;innerhalb von</translation>
     </message>
     <message>
         <source>Then put the address on p&amp;robation for:</source>
-        <translation type="unfinished" />
+        <translation>Dann die Adresse auf &amp;Bewährung setzen für:</translation>
     </message>
     <message>
         <source>Probation &amp;List...</source>
-        <translation type="unfinished" />
+        <translation>Bewährungs&amp;liste...</translation>
     </message>
 </context>
 <context>
@@ -1732,90 +1745,90 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     </message>
     <message>
         <source>SMTP authentication</source>
-        <translation type="unfinished" />
+        <translation>SMTP-Anmeldung</translation>
     </message>
     <message>
         <source>Not required</source>
-        <translation type="unfinished" />
+        <translation>Nicht erforderlich</translation>
     </message>
     <message>
         <source>Always required</source>
-        <translation type="unfinished" />
+        <translation>Immer erforderlich</translation>
     </message>
     <message>
         <source>Required unless from a friendly site</source>
-        <translation type="unfinished" />
+        <translation>Erforderlich, außer von einer befreundeten Site</translation>
     </message>
     <message>
         <source>For &amp;relaying:</source>
-        <translation type="unfinished" />
+        <translation>Für das &amp;Weiterleiten:</translation>
     </message>
     <message>
         <source>Required for message &amp;submission (port 587)</source>
-        <translation type="unfinished" />
+        <translation>Erforderlich für das Ein&amp;liefern von Nachrichten (Port 587)</translation>
     </message>
     <message>
         <source>Methods allowed:</source>
-        <translation type="unfinished" />
+        <translation>Erlaubte Verfahren:</translation>
     </message>
     <message>
         <source>Allow PLAIN and LOGIN only over an &amp;encrypted connection</source>
-        <translation type="unfinished" />
+        <translation>PLAIN und LOGIN nur über eine &amp;verschlüsselte Verbindung erlauben</translation>
     </message>
     <message>
         <source>&amp;Lock out addresses after repeated failed logins</source>
-        <translation type="unfinished" />
+        <translation>Adressen nach wiederholten fehlgeschlagenen Anmeldungen &amp;sperren</translation>
     </message>
     <message>
         <source> failed logins</source>
-        <translation type="unfinished" />
+        <translation> fehlgeschlagene Anmeldungen</translation>
     </message>
     <message>
         <source> minutes</source>
-        <translation type="unfinished" />
+        <translation> Minuten</translation>
     </message>
     <message>
         <source>Bans e&amp;xpire by themselves (otherwise they last until released)</source>
-        <translation type="unfinished" />
+        <translation>Verbannungen laufen von selbst &amp;ab (sonst gelten sie bis zur Freigabe)</translation>
     </message>
     <message>
         <source>Lock out after &amp;threshold:</source>
-        <translation type="unfinished" />
+        <translation>Sperren ab &amp;Schwelle:</translation>
     </message>
     <message>
         <source>Counted &amp;within:</source>
-        <translation type="unfinished" />
+        <translation>Gezählt &amp;innerhalb von:</translation>
     </message>
     <message>
         <source>&amp;Ban for:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Verbannen für:</translation>
     </message>
 </context>
 <context>
     <name>CSecurityTlsPage</name>
     <message>
         <source>TLS</source>
-        <translation type="unfinished" />
+        <translation>TLS</translation>
     </message>
     <message>
         <source>STARTTLS for incoming SMTP connections</source>
-        <translation type="unfinished" />
+        <translation>STARTTLS für eingehende SMTP-Verbindungen</translation>
     </message>
     <message>
         <source>&amp;Not offered</source>
-        <translation type="unfinished" />
+        <translation>&amp;Nicht angeboten</translation>
     </message>
     <message>
         <source>&amp;Offered to clients that ask for it</source>
-        <translation type="unfinished" />
+        <translation>&amp;Angeboten für Clients, die danach fragen</translation>
     </message>
     <message>
         <source>Re&amp;quired before any mail is accepted</source>
-        <translation type="unfinished" />
+        <translation>&amp;Erforderlich, bevor Mail angenommen wird</translation>
     </message>
     <message>
         <source>Certificate</source>
-        <translation type="unfinished" />
+        <translation>Zertifikat</translation>
     </message>
     <message>
         <source>&amp;Browse...</source>
@@ -1823,50 +1836,50 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     </message>
     <message>
         <source>Bro&amp;wse...</source>
-        <translation type="unfinished" />
+        <translation>Durch&amp;suchen...</translation>
     </message>
     <message>
         <source>&amp;Certificate chain file:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Zertifikatskettendatei:</translation>
     </message>
     <message>
         <source>Private &amp;key file:</source>
-        <translation type="unfinished" />
+        <translation>Datei des privaten &amp;Schlüssels:</translation>
     </message>
     <message>
         <source>TLS 1.0 (insecure, for very old clients)</source>
-        <translation type="unfinished" />
+        <translation>TLS 1.0 (unsicher, für sehr alte Clients)</translation>
     </message>
     <message>
         <source>TLS 1.1 (insecure, for old clients)</source>
-        <translation type="unfinished" />
+        <translation>TLS 1.1 (unsicher, für alte Clients)</translation>
     </message>
     <message>
         <source>TLS 1.2 (recommended)</source>
-        <translation type="unfinished" />
+        <translation>TLS 1.2 (empfohlen)</translation>
     </message>
     <message>
         <source>TLS 1.3</source>
-        <translation type="unfinished" />
+        <translation>TLS 1.3</translation>
     </message>
     <message>
         <source>Oldest &amp;protocol version accepted:</source>
-        <translation type="unfinished" />
+        <translation>Älteste angenommene &amp;Protokollversion:</translation>
     </message>
 </context>
 <context>
     <name>CServicePropertiesDlg</name>
     <message>
         <source> service on %1</source>
-        <translation type="unfinished" />
+        <translation> (Dienst) auf %1</translation>
     </message>
     <message>
         <source>Listening addresses</source>
-        <translation type="unfinished" />
+        <translation>Empfangsadressen</translation>
     </message>
     <message>
         <source>Address</source>
-        <translation type="unfinished" />
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>Port</source>
@@ -1874,15 +1887,15 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     </message>
     <message>
         <source>A&amp;ddress:</source>
-        <translation type="unfinished" />
+        <translation>A&amp;dresse:</translation>
     </message>
     <message>
         <source>every address</source>
-        <translation type="unfinished" />
+        <translation>jede Adresse</translation>
     </message>
     <message>
         <source>&amp;Port:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Port:</translation>
     </message>
     <message>
         <source>&amp;Add</source>
@@ -1898,47 +1911,47 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     </message>
     <message>
         <source>Automatic (with the server)</source>
-        <translation type="unfinished" />
+        <translation>Automatisch (mit dem Server)</translation>
     </message>
     <message>
         <source>Manual</source>
-        <translation type="unfinished" />
+        <translation>Manuell</translation>
     </message>
     <message>
         <source>Disabled</source>
-        <translation type="unfinished" />
+        <translation>Deaktiviert</translation>
     </message>
     <message>
         <source>Server default</source>
-        <translation type="unfinished" />
+        <translation>Standard des Servers</translation>
     </message>
     <message>
         <source> seconds</source>
-        <translation type="unfinished" />
+        <translation> Sekunden</translation>
     </message>
     <message>
         <source>Never</source>
-        <translation type="unfinished" />
+        <translation>Nie</translation>
     </message>
     <message>
         <source>Write the service's own &amp;log file</source>
-        <translation type="unfinished" />
+        <translation>Eigene &amp;Protokolldatei des Dienstes schreiben</translation>
     </message>
     <message>
         <source>&amp;Start mode:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Startart:</translation>
     </message>
     <message>
         <source>&amp;Worker limit:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Höchstzahl der Arbeitsprozesse:</translation>
     </message>
     <message>
         <source>Drop &amp;idle connections after:</source>
-        <translation type="unfinished" />
+        <translation>&amp;Untätige Verbindungen trennen nach:</translation>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished" />
+        <translation>Zustand</translation>
     </message>
     <message>
         <source>Service status:</source>
@@ -1946,11 +1959,11 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     </message>
     <message>
         <source>Service &amp;Control...</source>
-        <translation type="unfinished" />
+        <translation>Dienst&amp;steuerung...</translation>
     </message>
     <message>
         <source>(every address)</source>
-        <translation type="unfinished" />
+        <translation>(jede Adresse)</translation>
     </message>
     <message>
         <source> service</source>
@@ -1961,15 +1974,15 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     <name>CSpamListDlg</name>
     <message>
         <source>Spam Sources on %1</source>
-        <translation type="unfinished" />
+        <translation>Spam-Quellen auf %1</translation>
     </message>
     <message>
         <source>Mail is refused from these hosts and IP addresses. Use * as a wildcard (*.bulk.example, 198.51.100.*); a leading ! exempts an entry from the patterns after it. Host names need DNS lookups of connecting servers.</source>
-        <translation type="unfinished" />
+        <translation>Von diesen Hosts und IP-Adressen wird keine Mail angenommen. Verwenden Sie * als Platzhalter (*.bulk.example, 198.51.100.*); ein vorangestelltes ! nimmt einen Eintrag von den folgenden Mustern aus. Hostnamen erfordern DNS-Abfragen verbindender Server.</translation>
     </message>
     <message>
         <source>host name or IP address pattern</source>
-        <translation type="unfinished" />
+        <translation>Hostname oder IP-Adressmuster</translation>
     </message>
     <message>
         <source>&amp;Import...</source>
@@ -1981,7 +1994,7 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     </message>
     <message>
         <source>%1 host names, %2 IP address patterns</source>
-        <translation type="unfinished" />
+        <translation>%1 Hostnamen, %2 IP-Adressmuster</translation>
     </message>
 </context>
 <context>
@@ -1992,23 +2005,23 @@ add Name: value, set Name: value, remove Name, rename Name NewName.</source>
     </message>
     <message>
         <source>Re&amp;move</source>
-        <translation type="unfinished" />
+        <translation>Ent&amp;fernen</translation>
     </message>
     <message>
         <source>Up</source>
-        <translation type="unfinished" />
+        <translation>Nach oben</translation>
     </message>
     <message>
         <source>Move the selected entry up the list</source>
-        <translation type="unfinished" />
+        <translation>Den ausgewählten Eintrag in der Liste nach oben verschieben</translation>
     </message>
     <message>
         <source>Down</source>
-        <translation type="unfinished" />
+        <translation>Nach unten</translation>
     </message>
     <message>
         <source>Move the selected entry down the list</source>
-        <translation type="unfinished" />
+        <translation>Den ausgewählten Eintrag in der Liste nach unten verschieben</translation>
     </message>
 </context>
 <context>
@@ -2040,42 +2053,42 @@ verbindung, wenn keine Mail wartet.</translation>
     <name>HeaderScript</name>
     <message>
         <source>"%1" needs a header name followed by a colon and a value.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ braucht einen Kopfzeilennamen, gefolgt von einem Doppelpunkt und einem Wert.</translation>
     </message>
     <message>
         <source>"%1" is not a valid header name.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ ist kein gültiger Kopfzeilenname.</translation>
     </message>
     <message>
         <source>"remove" takes exactly one header name.</source>
-        <translation type="unfinished" />
+        <translation>„remove“ erwartet genau einen Kopfzeilennamen.</translation>
     </message>
     <message>
         <source>"rename" takes a header name and its new name.</source>
-        <translation type="unfinished" />
+        <translation>„rename“ erwartet einen Kopfzeilennamen und seinen neuen Namen.</translation>
     </message>
     <message>
         <source>Unknown command "%1"; use add, set, remove or rename.</source>
-        <translation type="unfinished" />
+        <translation>Unbekannter Befehl „%1“; verwenden Sie add, set, remove oder rename.</translation>
     </message>
 </context>
 <context>
     <name>MemberCsv</name>
     <message>
         <source>"%1" is not a valid mail address</source>
-        <translation type="unfinished" />
+        <translation>„%1“ ist keine gültige Mailadresse</translation>
     </message>
     <message>
         <source>the name is longer than 255 bytes</source>
-        <translation type="unfinished" />
+        <translation>der Name ist länger als 255 Byte</translation>
     </message>
     <message>
         <source>%1 is already a member</source>
-        <translation type="unfinished" />
+        <translation>%1 ist bereits Mitglied</translation>
     </message>
     <message>
         <source>%1 is given twice</source>
-        <translation type="unfinished" />
+        <translation>%1 ist doppelt angegeben</translation>
     </message>
 </context>
 <context>
@@ -2089,7 +2102,7 @@ verbindung, wenn keine Mail wartet.</translation>
     <name>SecurityPropertySheet</name>
     <message>
         <source>Security Properties</source>
-        <translation type="unfinished" />
+        <translation>Sicherheitseigenschaften</translation>
     </message>
 </context>
 <context>
@@ -2404,47 +2417,47 @@ Diese Domänenmasken können nicht gespeichert werden.
     </message>
     <message>
         <source>A connection URI begins with "postgresql://", for example postgresql://velbrook@db.example.net:5432/maillog</source>
-        <translation type="unfinished" />
+        <translation>Eine Verbindungs-URI beginnt mit „postgresql://“, zum Beispiel postgresql://velbrook@db.example.net:5432/maillog</translation>
     </message>
     <message>
         <source>The URI could not be understood.</source>
-        <translation type="unfinished" />
+        <translation>Die URI ist unverständlich.</translation>
     </message>
     <message>
         <source>Out of memory.</source>
-        <translation type="unfinished" />
+        <translation>Nicht genug Speicher.</translation>
     </message>
     <message>
         <source>No answer within %1 seconds.</source>
-        <translation type="unfinished" />
+        <translation>Keine Antwort innerhalb von %1 Sekunden.</translation>
     </message>
     <message>
         <source>Connecting to the database...</source>
-        <translation type="unfinished" />
+        <translation>Verbindung zur Datenbank wird hergestellt...</translation>
     </message>
     <message>
         <source>SMTP Receiver</source>
-        <translation type="unfinished" />
+        <translation>SMTP-Empfänger</translation>
     </message>
     <message>
         <source>&amp;Connections opened and closed</source>
-        <translation type="unfinished" />
+        <translation>&amp;Verbindungen geöffnet und geschlossen</translation>
     </message>
     <message>
         <source>Every co&amp;mmand and reply</source>
-        <translation type="unfinished" />
+        <translation>Jeder &amp;Befehl und jede Antwort</translation>
     </message>
     <message>
         <source>&amp;Refused connections, senders and recipients</source>
-        <translation type="unfinished" />
+        <translation>&amp;Abgewiesene Verbindungen, Absender und Empfänger</translation>
     </message>
     <message>
         <source>A&amp;uthentication attempts</source>
-        <translation type="unfinished" />
+        <translation>A&amp;nmeldeversuche</translation>
     </message>
     <message>
         <source>&amp;TLS negotiation</source>
-        <translation type="unfinished" />
+        <translation>&amp;TLS-Aushandlung</translation>
     </message>
     <message>
         <source>Delivery</source>
@@ -2452,73 +2465,75 @@ Diese Domänenmasken können nicht gespeichert werden.
     </message>
     <message>
         <source>Messages &amp;queued, retried and expired</source>
-        <translation type="unfinished" />
+        <translation>Nachrichten in die &amp;Warteschlange gestellt, wiederholt und abgelaufen</translation>
     </message>
     <message>
         <source>SMTP &amp;transcripts with remote servers</source>
-        <translation type="unfinished" />
+        <translation>SMTP-&amp;Mitschnitte mit entfernten Servern</translation>
     </message>
     <message>
         <source>&amp;MX and address lookups</source>
-        <translation type="unfinished" />
+        <translation>&amp;MX- und Adressabfragen</translation>
     </message>
     <message>
         <source>Delivery into local mailbo&amp;xes</source>
-        <translation type="unfinished" />
+        <translation>Zustellung in lokale Post&amp;fächer</translation>
     </message>
     <message>
         <source>Delivery status &amp;notifications sent</source>
-        <translation type="unfinished" />
+        <translation>Zustellbe&amp;nachrichtigungen verschickt</translation>
     </message>
     <message>
         <source>Mail Access</source>
-        <translation type="unfinished" />
+        <translation>Mailzugriff</translation>
     </message>
     <message>
         <source>&amp;POP3 sessions</source>
-        <translation type="unfinished" />
+        <translation>&amp;POP3-Sitzungen</translation>
     </message>
     <message>
         <source>&amp;IMAP4 sessions</source>
-        <translation type="unfinished" />
+        <translation>&amp;IMAP4-Sitzungen</translation>
     </message>
     <message>
         <source>Logins and &amp;failed logins</source>
-        <translation type="unfinished" />
+        <translation>Anmeldungen und &amp;fehlgeschlagene Anmeldungen</translation>
     </message>
     <message>
         <source>&amp;Web mail sessions</source>
-        <translation type="unfinished" />
+        <translation>&amp;Webmail-Sitzungen</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished" />
+        <translation>System</translation>
     </message>
     <message>
         <source>Mailing-list &amp;processing</source>
-        <translation type="unfinished" />
+        <translation>Verarbeitung von &amp;Mailinglisten</translation>
     </message>
     <message>
         <source>A&amp;gents run and their results</source>
-        <translation type="unfinished" />
+        <translation>Ausgeführte A&amp;genten und ihre Ergebnisse</translation>
     </message>
     <message>
         <source>Lock&amp;outs, bans and harvest probation</source>
-        <translation type="unfinished" />
+        <translation>&amp;Sperren, Verbannungen und Harvest-Bewährung</translation>
     </message>
     <message>
         <source>&amp;Configuration changes picked up</source>
-        <translation type="unfinished" />
+        <translation>Übernommene &amp;Konfigurationsänderungen</translation>
     </message>
     <message>
         <source>&amp;Debugging detail (makes logs large)</source>
-        <translation type="unfinished" />
+        <translation>&amp;Details zur Fehlersuche (macht Protokolle groß)</translation>
     </message>
     <message>
         <source>The connection URI is not valid:
 
 %1</source>
-        <translation type="unfinished" />
+        <translation>Die Verbindungs-URI ist ungültig:
+
+%1</translation>
     </message>
     <message>
         <source>Could not connect to the PostgreSQL database:
@@ -2526,61 +2541,67 @@ Diese Domänenmasken können nicht gespeichert werden.
 %1
 
 Check the host, port, database, user and password in the URI, and that the database server accepts connections from this server.</source>
-        <translation type="unfinished" />
+        <translation>Keine Verbindung zur PostgreSQL-Datenbank:
+
+%1
+
+Prüfen Sie Host, Port, Datenbank, Benutzer und Kennwort in der URI und ob der Datenbankserver Verbindungen von diesem Server annimmt.</translation>
     </message>
     <message>
         <source>The connection succeeded (PostgreSQL server version %1).</source>
-        <translation type="unfinished" />
+        <translation>Die Verbindung ist gelungen (PostgreSQL-Serverversion %1).</translation>
     </message>
     <message>
         <source>Type the full path of the database log file, for example /var/lib/velbrook/eventlog.db.</source>
-        <translation type="unfinished" />
+        <translation>Geben Sie den vollständigen Pfad der Datenbank-Protokolldatei ein, zum Beispiel /var/lib/velbrook/eventlog.db.</translation>
     </message>
     <message>
         <source>The folder "%1" does not exist. Create it first, or choose another folder for the database log file.</source>
-        <translation type="unfinished" />
+        <translation>Den Ordner „%1“ gibt es nicht. Legen Sie ihn zuerst an oder wählen Sie einen anderen Ordner für die Datenbank-Protokolldatei.</translation>
     </message>
     <message>
         <source>"%1" is a folder. Type the path of a file in it.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ ist ein Ordner. Geben Sie den Pfad einer Datei darin ein.</translation>
     </message>
     <message>
         <source>Choose at least one kind of event to log, or turn the database log off.</source>
-        <translation type="unfinished" />
+        <translation>Wählen Sie mindestens eine Art von Ereignis aus oder schalten Sie das Datenbankprotokoll ab.</translation>
     </message>
     <message>
         <source>SQLite databases</source>
-        <translation type="unfinished" />
+        <translation>SQLite-Datenbanken</translation>
     </message>
     <message>
         <source>Database Log File</source>
-        <translation type="unfinished" />
+        <translation>Datenbank-Protokolldatei</translation>
     </message>
     <message>
         <source>Cannot open mail list %1.</source>
-        <translation type="unfinished" />
+        <translation>Die Mailingliste %1 kann nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>Cannot get information about the plugin for %1.</source>
-        <translation type="unfinished" />
+        <translation>Informationen über das Plug-in für %1 sind nicht erhältlich.</translation>
     </message>
     <message>
         <source>Cannot set mail list property %1</source>
-        <translation type="unfinished" />
+        <translation>Die Eigenschaft %1 der Mailingliste kann nicht gesetzt werden</translation>
     </message>
     <message>
         <source>You have specified that only the moderator(s) may send
 messages to this list, but you have not specified the
 moderator's address(es).</source>
-        <translation type="unfinished" />
+        <translation>Sie haben angegeben, dass nur Moderatoren an diese Liste
+schreiben dürfen, aber keine Adressen von Moderatoren
+angegeben.</translation>
     </message>
     <message>
         <source>You have specified that the moderator controls certain aspects of the mail list, but you have not specified the moderator's address.</source>
-        <translation type="unfinished" />
+        <translation>Sie haben angegeben, dass der Moderator Teile der Mailingliste kontrolliert, aber keine Adresse des Moderators angegeben.</translation>
     </message>
     <message>
         <source>Maximum message size is invalid.</source>
-        <translation type="unfinished" />
+        <translation>Die maximale Nachrichtengröße ist ungültig.</translation>
     </message>
     <message>
         <source>You have indicated that non-delivery reports should be sent
@@ -2588,23 +2609,31 @@ to a specific mail address, but you have not supplied that address.
 This can result in some mail systems rejecting messages
 sent through this mailing list.
 Are you sure you want this to happen?</source>
-        <translation type="unfinished" />
+        <translation>Sie haben angegeben, dass Unzustellbarkeitsberichte an eine bestimmte
+Mailadresse gehen sollen, aber diese Adresse nicht angegeben.
+Manche Mailsysteme weisen dann Nachrichten ab,
+die über diese Mailingliste verschickt werden.
+Möchten Sie das wirklich?</translation>
     </message>
     <message>
         <source>Missing address for non-delivery reports</source>
-        <translation type="unfinished" />
+        <translation>Adresse für Unzustellbarkeitsberichte fehlt</translation>
     </message>
     <message>
         <source>When using a clustered configuration, you should specify a UNC path for the mail list agent.  Otherwise, the program may be inaccessible to the other mail servers in the cluster.
 
  You should only specify a drive letter if using the Registry connector.</source>
-        <translation type="unfinished" />
+        <translation>In einer Cluster-Konfiguration sollten Sie für den Agenten der Mailingliste einen UNC-Pfad angeben.  Andernfalls ist das Programm für die anderen Mailserver des Clusters womöglich nicht erreichbar.
+
+ Geben Sie nur mit dem Registry-Connector einen Laufwerksbuchstaben an.</translation>
     </message>
     <message>
         <source>When using a clustered configuration, you should specify a UNC path for the mail list processor agent.  Otherwise, the program may be inaccessible to the other mail servers in the cluster.
 
  You should only specify a drive letter if using the Registry connector.</source>
-        <translation type="unfinished" />
+        <translation>In einer Cluster-Konfiguration sollten Sie für den Agenten des Listenprozessors einen UNC-Pfad angeben.  Andernfalls ist das Programm für die anderen Mailserver des Clusters womöglich nicht erreichbar.
+
+ Geben Sie nur mit dem Registry-Connector einen Laufwerksbuchstaben an.</translation>
     </message>
     <message>
         <source>A UNC path is required</source>
@@ -2612,273 +2641,283 @@ Are you sure you want this to happen?</source>
     </message>
     <message>
         <source>Cannot read the members of mail list %1.</source>
-        <translation type="unfinished" />
+        <translation>Die Mitglieder der Mailingliste %1 können nicht gelesen werden.</translation>
     </message>
     <message>
         <source>"%1" is not a valid mail address.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ ist keine gültige Mailadresse.</translation>
     </message>
     <message>
         <source>%1 is already a member of this list.</source>
-        <translation type="unfinished" />
+        <translation>%1 ist bereits Mitglied dieser Liste.</translation>
     </message>
     <message>
         <source>Cannot add %1 to the mail list.</source>
-        <translation type="unfinished" />
+        <translation>%1 kann nicht zur Mailingliste hinzugefügt werden.</translation>
     </message>
     <message>
         <source>Cannot remove %1 from the mail list.</source>
-        <translation type="unfinished" />
+        <translation>%1 kann nicht aus der Mailingliste entfernt werden.</translation>
     </message>
     <message>
         <source>%1 lines of the file cannot be imported:
 %2
 Import the other %3 members?</source>
-        <translation type="unfinished" />
+        <translation>%1 Zeilen der Datei können nicht importiert werden:
+%2
+Die übrigen %3 Mitglieder importieren?</translation>
     </message>
     <message>
         <source>The members could not be imported (line %1: %2). No member was added.</source>
-        <translation type="unfinished" />
+        <translation>Die Mitglieder konnten nicht importiert werden (Zeile %1: %2). Es wurde kein Mitglied hinzugefügt.</translation>
     </message>
     <message>
         <source>Importing members from %1...</source>
-        <translation type="unfinished" />
+        <translation>Mitglieder werden aus %1 importiert...</translation>
     </message>
     <message>
         <source>Cannot read the file %1.</source>
-        <translation type="unfinished" />
+        <translation>Die Datei %1 kann nicht gelesen werden.</translation>
     </message>
     <message>
         <source>Cannot write the file %1.</source>
-        <translation type="unfinished" />
+        <translation>Die Datei %1 kann nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>%1 of %2 members shown</source>
-        <translation type="unfinished" />
+        <translation>%1 von %2 Mitgliedern angezeigt</translation>
     </message>
     <message>
         <source>The file holds no member that can be imported:
 %1</source>
-        <translation type="unfinished" />
+        <translation>Die Datei enthält kein importierbares Mitglied:
+%1</translation>
     </message>
     <message>
         <source>Remove %1 from the mail list?</source>
-        <translation type="unfinished" />
+        <translation>%1 aus der Mailingliste entfernen?</translation>
     </message>
     <message>
         <source>Remove the %1 selected members from the mail list?</source>
-        <translation type="unfinished" />
+        <translation>Die %1 ausgewählten Mitglieder aus der Mailingliste entfernen?</translation>
     </message>
     <message>
         <source>the %1 selected members</source>
-        <translation type="unfinished" />
+        <translation>die %1 ausgewählten Mitglieder</translation>
     </message>
     <message>
         <source>The header script has errors:
 %1</source>
-        <translation type="unfinished" />
+        <translation>Das Kopfzeilen-Skript hat Fehler:
+%1</translation>
     </message>
     <message>
         <source>Cannot save the membership rules of %1.</source>
-        <translation type="unfinished" />
+        <translation>Die Mitgliedschaftsregeln von %1 können nicht gespeichert werden.</translation>
     </message>
     <message>
         <source>Enter the directory in which the web archive is kept.</source>
-        <translation type="unfinished" />
+        <translation>Geben Sie das Verzeichnis an, in dem das Webarchiv liegt.</translation>
     </message>
     <message>
         <source>"%1" is already in the list.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ steht bereits in der Liste.</translation>
     </message>
     <message>
         <source>Authentication is required, but no authentication method is allowed. Allow at least one method.</source>
-        <translation type="unfinished" />
+        <translation>Eine Anmeldung ist erforderlich, aber kein Anmeldeverfahren ist erlaubt. Erlauben Sie mindestens ein Verfahren.</translation>
     </message>
     <message>
         <source>"%1" is not a DNS zone name. A blacklist service is named by its zone, for example bl.spamcop.net.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ ist kein DNS-Zonenname. Ein Blacklist-Dienst wird mit seiner Zone benannt, zum Beispiel bl.spamcop.net.</translation>
     </message>
     <message>
         <source>"%1" is neither a host name nor an IP address pattern.
 
 Examples: mail.spam.example, *.bulk.example, 203.0.113.7, 198.51.100.*; a leading ! exempts an entry.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ ist weder ein Hostname noch ein IP-Adressmuster.
+
+Beispiele: mail.spam.example, *.bulk.example, 203.0.113.7, 198.51.100.*; ein vorangestelltes ! nimmt einen Eintrag aus.</translation>
     </message>
     <message>
         <source>"%1" is not a return address or domain. Examples: offers@promo.example, @junk.example, *@junk.example.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ ist keine Absenderadresse oder Domäne. Beispiele: offers@promo.example, @junk.example, *@junk.example.</translation>
     </message>
     <message>
         <source>Blocked hosts and addresses: %1</source>
-        <translation type="unfinished" />
+        <translation>Gesperrte Hosts und Adressen: %1</translation>
     </message>
     <message>
         <source>Blocked networks: %1</source>
-        <translation type="unfinished" />
+        <translation>Gesperrte Netze: %1</translation>
     </message>
     <message>
         <source>Blocked Networks</source>
-        <translation type="unfinished" />
+        <translation>Gesperrte Netze</translation>
     </message>
     <message>
         <source>The list of blocked networks could not be read, so it cannot be edited now.</source>
-        <translation type="unfinished" />
+        <translation>Die Liste gesperrter Netze konnte nicht gelesen werden und kann daher jetzt nicht bearbeitet werden.</translation>
     </message>
     <message>
         <source>Addresses on probation: %1</source>
-        <translation type="unfinished" />
+        <translation>Adressen auf Bewährung: %1</translation>
     </message>
     <message>
         <source>Could not release %1 from probation.</source>
-        <translation type="unfinished" />
+        <translation>%1 konnte nicht von der Bewährung freigegeben werden.</translation>
     </message>
     <message>
         <source>Could not read the probation list.</source>
-        <translation type="unfinished" />
+        <translation>Die Bewährungsliste konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>host name</source>
-        <translation type="unfinished" />
+        <translation>Hostname</translation>
     </message>
     <message>
         <source>IP address</source>
-        <translation type="unfinished" />
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>Text files</source>
-        <translation type="unfinished" />
+        <translation>Textdateien</translation>
     </message>
     <message>
         <source>Could not read "%1": %2</source>
-        <translation type="unfinished" />
+        <translation>„%1“ konnte nicht gelesen werden: %2</translation>
     </message>
     <message>
         <source>Could not write "%1": %2</source>
-        <translation type="unfinished" />
+        <translation>„%1“ konnte nicht geschrieben werden: %2</translation>
     </message>
     <message>
         <source>%1 entries of the file are neither host names nor IP address patterns and were skipped.</source>
-        <translation type="unfinished" />
+        <translation>%1 Einträge der Datei sind weder Hostnamen noch IP-Adressmuster und wurden übersprungen.</translation>
     </message>
     <message>
         <source>Type the path of the certificate file (the server's certificate followed by its chain).</source>
-        <translation type="unfinished" />
+        <translation>Geben Sie den Pfad der Zertifikatsdatei ein (das Zertifikat des Servers, gefolgt von seiner Kette).</translation>
     </message>
     <message>
         <source>Type the path of the private key file.</source>
-        <translation type="unfinished" />
+        <translation>Geben Sie den Pfad der Datei des privaten Schlüssels ein.</translation>
     </message>
     <message>
         <source>The file "%1" does not exist.</source>
-        <translation type="unfinished" />
+        <translation>Die Datei „%1“ gibt es nicht.</translation>
     </message>
     <message>
         <source>The file "%1" cannot be read: %2</source>
-        <translation type="unfinished" />
+        <translation>Die Datei „%1“ kann nicht gelesen werden: %2</translation>
     </message>
     <message>
         <source>it is a folder</source>
-        <translation type="unfinished" />
+        <translation>es ist ein Ordner</translation>
     </message>
     <message>
         <source>The file "%1" does not hold a certificate in PEM or DER form.</source>
-        <translation type="unfinished" />
+        <translation>Die Datei „%1“ enthält kein Zertifikat im PEM- oder DER-Format.</translation>
     </message>
     <message>
         <source>The certificate "%1" expired on %2 (in "%3"). Mail servers will refuse it; install a renewed certificate.</source>
-        <translation type="unfinished" />
+        <translation>Das Zertifikat „%1“ ist am %2 abgelaufen (in „%3“). Mailserver werden es ablehnen; installieren Sie ein erneuertes Zertifikat.</translation>
     </message>
     <message>
         <source>The certificate "%1" is not valid before %2 (in "%3").</source>
-        <translation type="unfinished" />
+        <translation>Das Zertifikat „%1“ ist erst ab %2 gültig (in „%3“).</translation>
     </message>
     <message>
         <source>The file "%1" does not hold a private key in PEM or DER form, or the key is protected by a passphrase (the server needs it without one).</source>
-        <translation type="unfinished" />
+        <translation>Die Datei „%1“ enthält keinen privaten Schlüssel im PEM- oder DER-Format, oder der Schlüssel ist durch eine Passphrase geschützt (der Server braucht ihn ohne).</translation>
     </message>
     <message>
         <source>The private key in "%1" does not belong to the certificate in "%2".</source>
-        <translation type="unfinished" />
+        <translation>Der private Schlüssel in „%1“ gehört nicht zum Zertifikat in „%2“.</translation>
     </message>
     <message>
         <source>Issued to %1 by %2, valid until %3.</source>
-        <translation type="unfinished" />
+        <translation>Ausgestellt für %1 von %2, gültig bis %3.</translation>
     </message>
     <message>
         <source>Certificates</source>
-        <translation type="unfinished" />
+        <translation>Zertifikate</translation>
     </message>
     <message>
         <source>Private keys</source>
-        <translation type="unfinished" />
+        <translation>Private Schlüssel</translation>
     </message>
     <message>
         <source>Certificate File</source>
-        <translation type="unfinished" />
+        <translation>Zertifikatsdatei</translation>
     </message>
     <message>
         <source>Private Key File</source>
-        <translation type="unfinished" />
+        <translation>Datei des privaten Schlüssels</translation>
     </message>
     <message>
         <source>The files are on the mail server's machine, so they cannot be checked from here. Make sure they are there and that the key belongs to the certificate.</source>
-        <translation type="unfinished" />
+        <translation>Die Dateien liegen auf dem Rechner des Mailservers und können von hier aus nicht geprüft werden. Stellen Sie sicher, dass sie dort liegen und der Schlüssel zum Zertifikat gehört.</translation>
     </message>
     <message>
         <source>"%1" is not an IP address of this host.
 
 Type an IPv4 address such as 192.0.2.10, an IPv6 address such as 2001:db8::10, or leave the address empty to listen on every address.</source>
-        <translation type="unfinished" />
+        <translation>„%1“ ist keine IP-Adresse dieses Hosts.
+
+Geben Sie eine IPv4-Adresse wie 192.0.2.10 oder eine IPv6-Adresse wie 2001:db8::10 ein, oder lassen Sie die Adresse leer, um auf jeder Adresse zu lauschen.</translation>
     </message>
     <message>
         <source>The service already listens on %1.</source>
-        <translation type="unfinished" />
+        <translation>Der Dienst lauscht bereits auf %1.</translation>
     </message>
     <message>
         <source>Port %1 is already used by the %2 service (%3), which listens on %4.
 
 Choose another port, or another address for one of the two services.</source>
-        <translation type="unfinished" />
+        <translation>Port %1 wird bereits vom Dienst %2 (%3) verwendet, der auf %4 lauscht.
+
+Wählen Sie einen anderen Port oder für einen der beiden Dienste eine andere Adresse.</translation>
     </message>
     <message>
         <source>%1 of the stored listening addresses could not be understood and are not shown. They will be removed when you press OK.</source>
-        <translation type="unfinished" />
+        <translation>%1 der gespeicherten Empfangsadressen sind unverständlich und werden nicht angezeigt. Sie werden entfernt, wenn Sie auf OK klicken.</translation>
     </message>
     <message>
         <source>Velbrook Security</source>
-        <translation type="unfinished" />
+        <translation>Velbrook-Sicherheit</translation>
     </message>
     <message>
         <source>SMTP Security Wizard</source>
-        <translation type="unfinished" />
+        <translation>SMTP-Sicherheitsassistent</translation>
     </message>
     <message>
         <source>Anti-Relay Wizard</source>
-        <translation type="unfinished" />
+        <translation>Anti-Relay-Assistent</translation>
     </message>
     <message>
         <source>Anti Denial-of-Service Wizard</source>
-        <translation type="unfinished" />
+        <translation>Assistent gegen Denial-of-Service</translation>
     </message>
     <message>
         <source>Failed to update property "%1"</source>
-        <translation type="unfinished" />
+        <translation>Die Eigenschaft „%1“ konnte nicht aktualisiert werden</translation>
     </message>
     <message>
         <source>Add new entry to the list</source>
-        <translation type="unfinished" />
+        <translation>Neuen Eintrag zur Liste hinzufügen</translation>
     </message>
     <message>
         <source>Delete selected entries</source>
-        <translation type="unfinished" />
+        <translation>Ausgewählte Einträge löschen</translation>
     </message>
     <message>
         <source>Move selected entry up the list</source>
-        <translation type="unfinished" />
+        <translation>Ausgewählten Eintrag in der Liste nach oben verschieben</translation>
     </message>
     <message>
         <source>Move selected entry down the list</source>
-        <translation type="unfinished" />
+        <translation>Ausgewählten Eintrag in der Liste nach unten verschieben</translation>
     </message>
 </context>
 <context>
