@@ -114,6 +114,17 @@ bool isTranslation(const QList<TsMessage>& messages, QString english, QString ge
     });
 }
 
+// Whether german is Qt's own translation of english (the buttons of wizards and button boxes), with
+// Qt's translation installed.
+bool isQtTranslation(const QString& english, const QString& german)
+{
+    for (const char* context : {"QPlatformTheme", "QWizard", "QDialogButtonBox", "QMessageBox"}) {
+        if (QCoreApplication::translate(context, english.toUtf8().constData()) == german)
+            return true;
+    }
+    return false;
+}
+
 bool hasTranslation(const QList<TsMessage>& messages, const QString& english)
 {
     return std::any_of(messages.begin(), messages.end(),
@@ -323,7 +334,7 @@ void tst_Translation::dialogTexts()
         if (shown == english)
             QVERIFY2(!hasTranslation(own, english), qPrintable(it.key() + QStringLiteral(" stays English: ") + english));
         else
-            QVERIFY2(isTranslation(german, english, shown),
+            QVERIFY2(isTranslation(german, english, shown) || isQtTranslation(english, shown),
                      qPrintable(QStringLiteral("%1: \"%2\" became \"%3\"").arg(it.key(), english, shown)));
     }
 }
