@@ -192,20 +192,29 @@ void tst_Help::everyContextInTheSourcesHasAPage()
 
 void tst_Help::everyDialogClassHasAPage()
 {
-    // Every dialog, page and wizard class needs docs/help/<ClassName>.md; abstract bases do not, nor do
-    // sheets, whose F1 opens the page of the page in front.
+    // Every dialog, page and wizard page class needs docs/help/<ClassName>.md; abstract bases do not,
+    // nor do sheets and wizards, whose F1 opens the page of the page in front.
     static const QRegularExpression declaration(
-        QStringLiteral(R"(\bclass\s+(?:TAVI_EXPORT\s+)?(C\w*?(?:Dlg|Page|Wizard(?:_\d+)*))\s*(?:final\s*)?:)"));
+        QStringLiteral(R"(\bclass\s+(?:TAVI_EXPORT\s+)?(C\w*?(?:Dlg|Page|Wizard(?:_\d+)+))\s*(?:final\s*)?:)"));
     static const QRegularExpression pureVirtual(QStringLiteral(R"(\)\s*(?:const\s*)?(?:override\s*)?=\s*0\s*;)"));
     static const QSet<QString> bases{QStringLiteral("CTaviPropertyPage")};
     static const QRegularExpression fixedContext(QStringLiteral(R"(\bkHelpContext\w*\s*=\s*(\d+)\s*;)"));
     const CHelpCatalog& catalog = CHelpCatalog::builtIn();
+    // Classes other dialog classes derive from are bases, shown only as what derives from them.
+    static const QRegularExpression derived(QStringLiteral(R"(:\s*public\s+(C\w+))"));
+    const auto headers = librarySources({QStringLiteral("*.h")});
+    QSet<QString> derivedFrom;
+    for (const auto& [path, text] : headers) {
+        for (auto it = derived.globalMatch(text); it.hasNext();)
+            derivedFrom.insert(it.next().captured(1));
+    }
     QStringList classes;
-    for (const auto& [path, text] : librarySources({QStringLiteral("*.h")})) {
+    for (const auto& [path, text] : headers) {
         for (auto it = declaration.globalMatch(text); it.hasNext();) {
             const QRegularExpressionMatch match = it.next();
             const QString name = match.captured(1);
-            if (bases.contains(name) || classBody(text, match.capturedEnd()).contains(pureVirtual))
+            if (bases.contains(name) || derivedFrom.contains(name)
+                || classBody(text, match.capturedEnd()).contains(pureVirtual))
                 continue;
             classes.append(name);
             // A page named after the class, or (for a page class beside its sheet) the page of the help
