@@ -11,6 +11,7 @@
 
 struct _tMailServer {
     std::string location;
+    std::string keyPath; // the mailbox password key, beside the store's real path (resolved at open)
     std::unique_ptr<vb::Connector> connector; // the real one, or a fault injector wrapping it
     bool faultsInstalled = false;
     std::atomic<uint64_t> nextReportId{1};

@@ -145,6 +145,13 @@ _tMailServer* OpenMailServer(const char* location)
     }
     auto* server = new _tMailServer;
     server->location = path;
+    // Resolved once, so that a symbolic link or a later chdir never points the key somewhere else.
+    if (char* real = ::realpath(path.c_str(), nullptr)) {
+        server->keyPath = std::string(real) + ".key";
+        std::free(real);
+    } else {
+        server->keyPath = path + ".key";
+    }
     server->connector = std::move(c);
     SetLastError(0);
     return server;

@@ -934,6 +934,19 @@ uint32_t SqliteConnector::getPassword(const ObjectRef& mailbox, std::string& sea
     return 0;
 }
 
+uint32_t SqliteConnector::anySealedPassword(std::string& sealed)
+{
+    std::lock_guard lock(m_mutex);
+    Stmt s = prepare("SELECT password FROM object WHERE password IS NOT NULL LIMIT 1");
+    const int rc = s.step();
+    if (rc == SQLITE_DONE)
+        return VB_ERROR_FILE_NOT_FOUND;
+    if (rc != SQLITE_ROW)
+        return fail(rc);
+    sealed = s.text(0);
+    return 0;
+}
+
 uint32_t SqliteConnector::setPassword(const ObjectRef& mailbox, std::string_view sealed)
 {
     return writing([&] {

@@ -77,6 +77,7 @@ public:
 
     uint32_t getPassword(const ObjectRef& mailbox, std::string& sealed) override;
     uint32_t setPassword(const ObjectRef& mailbox, std::string_view sealed) override;
+    uint32_t anySealedPassword(std::string& sealed) override;
 
     uint32_t synonymNames(int64_t domain, std::vector<std::string>& names) override;
     uint32_t findSynonym(std::string_view synonym, ObjectRef& domain) override;

@@ -39,6 +39,9 @@ inline std::string_view sv(const char* text) { return text ? std::string_view(te
 
 int64_t nowMs();
 
+// The key file the calling thread's last key error is about; the error texts of those codes name it.
+void setKeyFileDetail(const std::string& path);
+
 } // namespace vb
 
 #endif

@@ -74,8 +74,10 @@
 /* Codes with a text of their own from GetMailboxManagerErrorString / GetMailingListManagerErrorString
  * (bit 0x01000000 set). */
 #define VB_ERROR_MAILBOX_BAD_NAME 0xE1100001u
-#define VB_ERROR_MAILBOX_KEY_FILE 0xE1100002u
-#define VB_ERROR_MAILBOX_PASSWORD_SEALED 0xE1100003u
+#define VB_ERROR_MAILBOX_KEY_FILE 0xE1100002u        /* the key file cannot be read or created */
+#define VB_ERROR_MAILBOX_PASSWORD_SEALED 0xE1100003u /* the key file is not the one the passwords were sealed with */
+#define VB_ERROR_MAILBOX_KEY_MISSING 0xE1100004u     /* sealed passwords are stored but their key file is gone */
+#define VB_ERROR_MAILBOX_KEY_UNSAFE 0xE1100005u      /* the key file can be read by other users */
 #define VB_ERROR_MAILLIST_BAD_NAME 0xE1200001u
 
 /* One open configuration. Owned by whoever called OpenMailServer. */
