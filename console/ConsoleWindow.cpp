@@ -14,6 +14,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QStatusBar>
 #include <QTimer>
 #include <QTreeWidget>
@@ -31,7 +32,6 @@
 
 namespace {
 
-using TaviOwner = uintptr_t;
 using EntryNone = int (*)(TaviOwner, _tMailServer*);
 using EntryOne = int (*)(TaviOwner, _tMailServer*, const char*);
 using EntryTwo = int (*)(TaviOwner, _tMailServer*, const char*, const char*);
@@ -62,25 +62,6 @@ bool isEmptyStore(_tMailServer* server)
         return buffer[0] == '\0';
     return false;
 }
-
-// Sets an environment variable for one call.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* name, const QString& value) : m_name(name), m_active(!value.isEmpty())
-    {
-        if (m_active)
-            qputenv(m_name, value.toUtf8());
-    }
-    ~ScopedEnv()
-    {
-        if (m_active)
-            qunsetenv(m_name);
-    }
-
-private:
-    const char* m_name;
-    bool m_active;
-};
 
 } // namespace
 
@@ -223,6 +204,46 @@ void ConsoleWindow::chooseStore()
         m_status->setText(QStringLiteral("Opened %1").arg(QDir::toNativeSeparators(file)));
 }
 
+QString ConsoleWindow::takeUnsavedWrites()
+{
+    QStringList lines;
+    _tFailedWrite failed[32];
+    uint32_t count = 32;
+    while (m_server && TakeFailedMailServerWrites(m_server, failed, &count) && count) {
+        for (uint32_t i = 0; i < count; ++i) {
+            const _tFailedWrite& w = failed[i];
+            QString where = QString::fromUtf8(w.name);
+            if (w.section[0])
+                where = QString::fromUtf8(w.section) + QLatin1Char('\\') + where;
+            if (w.object[0])
+                where = tr("%1 of %2").arg(where, QString::fromUtf8(w.object));
+            char text[512] = {};
+            VbErrorText(w.error, text, sizeof text);
+            QString line = tr("%1: %2 (error %3)").arg(where, QString::fromUtf8(text)).arg(w.error);
+            if (w.more)
+                line += tr(", and %n more", nullptr, int(w.more));
+            lines.append(line);
+        }
+        count = 32;
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+void ConsoleWindow::showUnsaved(const QString& what)
+{
+    const QString unsaved = takeUnsavedWrites();
+    if (unsaved.isEmpty())
+        return;
+    m_status->setText(tr("%1: some changes were not saved").arg(what));
+    // Not modal to the application: the console stays usable while the message is read.
+    auto* box = new QMessageBox(QMessageBox::Warning, windowTitle(),
+                                tr("%1: these changes were not saved:").arg(what), QMessageBox::Ok, this);
+    box->setObjectName(QStringLiteral("msgUnsaved"));
+    box->setInformativeText(unsaved);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
 void ConsoleWindow::report(const QString& message)
 {
     QMessageBox::critical(this, windowTitle(), message);
@@ -254,6 +275,17 @@ bool ConsoleWindow::loadLibrary(const QString& file)
                      : QStringLiteral("The dialog library could not be loaded.\n%1").arg(m_library.errorString());
     fillDialogList();
     return loaded;
+}
+
+bool ConsoleWindow::setRunMode(int mode, const QString& screenshot)
+{
+    using SetRunMode = int (*)(int, const char*);
+    auto set = reinterpret_cast<SetRunMode>(m_library.isLoaded() ? m_library.resolve("TaviSetRunMode") : nullptr);
+    if (!set || !set(mode, screenshot.isEmpty() ? nullptr : screenshot.toUtf8().constData()))
+        return false;
+    if (mode != kRunScreenshot)
+        m_runMode = mode;
+    return true;
 }
 
 bool ConsoleWindow::isAvailable(const DialogRow& row)
@@ -392,6 +424,7 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
     for (const DialogRow& row : dialogTable()) {
         if (entry != QLatin1String(row.entryPoint))
             continue;
+        takeUnsavedWrites(); // what failed before the dialog is not the dialog's
         const int result = openDialog(row, QString(), item->data(0, Qt::UserRole + 1).toString());
         const QString what = item->text(0);
         if (result == 1)
@@ -402,6 +435,7 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
             m_status->setText(QStringLiteral("%1: the dialog could not be opened").arg(what));
         else if (result != -100)
             m_status->setText(QStringLiteral("%1: returned %2").arg(what).arg(result));
+        showUnsaved(what);
         refreshServer();
         refreshServices();
         return;
@@ -462,7 +496,19 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
         return -100;
     const bool interactive = screenshot.isEmpty();
     const TaviOwner owner = interactive ? TaviOwner(winId()) : 0;
-    ScopedEnv shot("TAVI_SCREENSHOT", screenshot);
+    if (!interactive && !setRunMode(kRunScreenshot, screenshot))
+        return -1;
+    const auto restore = qScopeGuard([this, interactive] {
+        if (!interactive)
+            setRunMode(m_runMode);
+    });
+    const int result = callEntry(row, symbol, owner, interactive, service);
+    return result;
+}
+
+int ConsoleWindow::callEntry(const DialogRow& row, QFunctionPointer symbol, TaviOwner owner, bool interactive,
+                             const QString& service)
+{
     bool ok = true;
     switch (row.args) {
     case EntryArgs::None:
@@ -532,8 +578,8 @@ int ConsoleWindow::renderAll(const QString& dir)
     using ShowReminder = int (*)(TaviOwner, unsigned, const char*, unsigned, unsigned);
     if (auto reminder = reinterpret_cast<ShowReminder>(m_library.resolve("ShowReminder"))) {
         const QString file = QDir(dir).filePath(QStringLiteral("ShowReminder.png"));
-        ScopedEnv shot("TAVI_SCREENSHOT", file);
-        const int result = reminder(0, 57404, "ServerAgentReminder", 57403, 49);
+        const int result = setRunMode(kRunScreenshot, file) ? reminder(0, 57404, "ServerAgentReminder", 57403, 49) : -1;
+        setRunMode(m_runMode);
         const bool saved = result != -1 && QFileInfo::exists(file);
         // A reminder this user silenced has no window to render.
         std::printf("%s %s\n", saved ? "rendered" : result == 1 ? "silenced" : "FAILED  ", qPrintable(file));

@@ -89,7 +89,7 @@ int getObjectProperty(OpenObject& o, const char* operation, const char* name, vo
     return copyValueOut(it->second, buffer, size, type, force);
 }
 
-int setObjectProperty(OpenObject& o, const char* operation, uint32_t type, const char* name, const void* data,
+static int setObjectPropertyNow(OpenObject& o, const char* operation, uint32_t type, const char* name, const void* data,
                       uint32_t size)
 {
     if (!validObjectName(name))
@@ -136,7 +136,7 @@ int lookupObjectList(OpenObject& o, const char* operation, const char* name, con
     return 1;
 }
 
-int addToObjectList(OpenObject& o, const char* operation, const char* name, const char* element)
+static int addToObjectListNow(OpenObject& o, const char* operation, const char* name, const char* element)
 {
     if (!validObjectName(name) || !element || !*element || std::strlen(element) > kMaxValueSize)
         return failWith(VB_ERROR_INVALID_PARAMETER);
@@ -153,7 +153,7 @@ int addToObjectList(OpenObject& o, const char* operation, const char* name, cons
     return 1;
 }
 
-int removeFromObjectList(OpenObject& o, const char* operation, const char* name, const char* element)
+static int removeFromObjectListNow(OpenObject& o, const char* operation, const char* name, const char* element)
 {
     if (!validObjectName(name) || !element)
         return failWith(VB_ERROR_INVALID_PARAMETER);
@@ -169,6 +169,23 @@ int removeFromObjectList(OpenObject& o, const char* operation, const char* name,
                     items.end());
     }
     return 1;
+}
+
+int setObjectProperty(OpenObject& o, const char* operation, uint32_t type, const char* name, const void* data,
+                      uint32_t size)
+{
+    return noteWrite(setObjectPropertyNow(o, operation, type, name, data, size), o.server, o.ref().name, nullptr,
+                     name);
+}
+
+int addToObjectList(OpenObject& o, const char* operation, const char* name, const char* element)
+{
+    return noteWrite(addToObjectListNow(o, operation, name, element), o.server, o.ref().name, nullptr, name);
+}
+
+int removeFromObjectList(OpenObject& o, const char* operation, const char* name, const char* element)
+{
+    return noteWrite(removeFromObjectListNow(o, operation, name, element), o.server, o.ref().name, nullptr, name);
 }
 
 // Effective scanner settings. The server's setting (no section) and the domain's setting of the same name

@@ -45,7 +45,7 @@ private:
 };
 
 // Runs a built dialog modally and maps its result: 1 stays 1, a plain rejection (0) becomes 2.
-// Honours TAVI_SCREENSHOT and TAVI_AUTOCLOSE (see TaviDlg.h).
+// Follows the run mode the host set with TaviSetRunMode (TaviDlg.h).
 TAVI_EXPORT int runModal(QDialog* dialog, COwnerWindow& owner);
 
 template <class Dialog, class... Args>

@@ -20,6 +20,29 @@ VB_STORE_API void CloseMailServer(_tMailServer* server);
 /* The path or URI the handle was opened on (owned by the handle). */
 VB_STORE_API const char* GetMailServerLocation(_tMailServer* server);
 
+/* ---- writes that failed -----------------------------------------------------------------------
+ * Every write made through a handle that fails (server, domain, mailbox and mailing-list properties
+ * and list elements) is remembered on the server handle, oldest first, with the error code, even when
+ * the dialog that made it says nothing (some deliberately close with OK). A host asks after each dialog
+ * it opened and tells the administrator what was not saved:
+ *
+ *     _tFailedWrite failed[16];
+ *     uint32_t count = 16;
+ *     while (TakeFailedMailServerWrites(server, failed, &count) && count) { ...show them...; count = 16; }
+ *
+ * writes null: *count receives how many are remembered and nothing is forgotten. Otherwise up to
+ * *count of them are copied out and forgotten, and *count receives how many were copied. At most
+ * VB_MAX_FAILED_WRITES are kept; later ones are counted in the last entry's "more" field. */
+#define VB_MAX_FAILED_WRITES 1000u
+typedef struct _tFailedWrite {
+    uint32_t error;      /* the last-error code of the write */
+    uint32_t more;       /* further failures not kept (only in the last entry kept) */
+    char object[256];    /* "" for the server, else the name of the domain, mailbox or mailing list */
+    char section[256];   /* "" for the server's own settings and for objects */
+    char name[256];      /* the property written */
+} _tFailedWrite;
+VB_STORE_API int TakeFailedMailServerWrites(_tMailServer* server, _tFailedWrite* writes, uint32_t* count);
+
 /* ---- server properties ------------------------------------------------------------------------
  * section: null or "" for the server's own settings, else a group or service key ("SMTPRA").
  * buffer may be null to ask for the size. *size is the buffer's size in bytes on entry and the

@@ -96,11 +96,14 @@ void tst_EntryFrame::constructionFailureIsMinusOne()
     QCOMPARE(runDialog<ThrowingDialog>(0, m_store->server()), -1);
 }
 
-// TAVI_AUTOCLOSE=cancel closes at once as a Cancel, through an entry point too, writing nothing.
+// TAVI_RUN_CANCEL closes at once as a Cancel, through an entry point too, writing nothing; the
+// environment does not change how a dialog runs.
 void tst_EntryFrame::autoCloseCancels()
 {
-    qputenv("TAVI_AUTOCLOSE", "cancel");
-    const auto unset = qScopeGuard([] { qunsetenv("TAVI_AUTOCLOSE"); });
+    QVERIFY(TaviSetRunMode(TAVI_RUN_CANCEL, nullptr));
+    const auto unset = qScopeGuard([] { TaviSetRunMode(TAVI_RUN_INTERACTIVE, nullptr); });
+    QVERIFY(!TaviSetRunMode(7, nullptr));
+    QVERIFY2(!TaviSetRunMode(TAVI_RUN_SCREENSHOT, ""), "a screenshot needs a file");
     QCOMPARE(runDialog<PlainDialog>(0, m_store->server()), 2);
     using Entry = int (*)(TaviOwner, _tMailServer*);
     auto entry = reinterpret_cast<Entry>(Harness::resolveEntry("EditDirectories"));
@@ -112,8 +115,8 @@ void tst_EntryFrame::autoCloseCancels()
 void tst_EntryFrame::screenshotRendersWithoutModalLoop()
 {
     const QString file = m_dir->filePath(QStringLiteral("EditDirectories.png"));
-    qputenv("TAVI_SCREENSHOT", file.toUtf8());
-    const auto unset = qScopeGuard([] { qunsetenv("TAVI_SCREENSHOT"); });
+    QVERIFY(TaviSetRunMode(TAVI_RUN_SCREENSHOT, file.toUtf8().constData()));
+    const auto unset = qScopeGuard([] { TaviSetRunMode(TAVI_RUN_INTERACTIVE, nullptr); });
     using Entry = int (*)(TaviOwner, _tMailServer*);
     auto entry = reinterpret_cast<Entry>(Harness::resolveEntry("EditDirectories"));
     QVERIFY(entry);
