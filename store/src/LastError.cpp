@@ -43,6 +43,12 @@ const CodeText kTexts[] = {
     {VB_ERROR_CANCELLED, "The operation was canceled by the user."},
     {VB_ERROR_BAD_FILE, "The file is not a mail server configuration store."},
     {VB_ERROR_STORE_FAILURE, "The configuration store could not complete the operation."},
+    {VB_ERROR_STORE_TOO_NEW,
+     "The configuration store was written by a newer release of the mail server; this release leaves it "
+     "untouched."},
+    {VB_ERROR_STORE_LOG_UNREADABLE,
+     "The configuration store is read-only and its newest changes are still in its write-ahead log, which "
+     "cannot be read without write access to the store's folder."},
     {VB_ERROR_MAILBOX_LIMIT, "You cannot create any more mailboxes in this domain."},
     {VB_ERROR_PROPERTY_TOO_LARGE, "The property is too large."},
     {VB_ERROR_MAILLIST_LIMIT, "You cannot create any more mail lists in this domain."},

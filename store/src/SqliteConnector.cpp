@@ -126,6 +126,8 @@ uint32_t SqliteConnector::begin()
     std::lock_guard lock(m_mutex);
     if (m_readOnly)
         return VB_ERROR_ACCESS_DENIED;
+    if (m_depth == 0 && !sqlite3_get_autocommit(m_db))
+        sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr); // never build on a transaction left open
     // Nested transactions are savepoints, so that an inner failure undoes only its own work.
     Stmt s = prepare(m_depth == 0 ? "BEGIN IMMEDIATE" : "SAVEPOINT vb_nested");
     if (!s)
@@ -166,7 +168,9 @@ void SqliteConnector::rollback()
     std::lock_guard lock(m_mutex);
     if (m_depth == 0)
         return;
-    if (m_depth > 1) {
+    // SQLite ends the whole transaction itself after some failures (a full disk, an I/O error): then
+    // there is no savepoint left to return to, and the outermost level is done as well.
+    if (m_depth > 1 && !sqlite3_get_autocommit(m_db)) {
         sqlite3_exec(m_db, "ROLLBACK TO vb_nested; RELEASE vb_nested", nullptr, nullptr, nullptr);
         --m_depth;
         return;
@@ -325,6 +329,10 @@ std::unique_ptr<SqliteConnector> SqliteConnector::open(const std::string& path, 
         error = VB_ERROR_BAD_FILE;
         return nullptr;
     }
+    if (exists && ::access(path.c_str(), R_OK) != 0) {
+        error = VB_ERROR_ACCESS_DENIED; // another user's store: there, but not ours to read
+        return nullptr;
+    }
     if (!exists) {
         // Create it ourselves so that it never exists with a wider mode; SQLite gives the -wal and -shm
         // files the mode of the database file.
@@ -346,8 +354,14 @@ std::unique_ptr<SqliteConnector> SqliteConnector::open(const std::string& path, 
         c->initialise(error);
     else
         error = mapSqlite(rc);
-    if (error && c->m_readOnly && error != VB_ERROR_BAD_FILE) {
-        // A read-only WAL store in a folder we cannot write to: read it as an immutable file.
+    if (error && c->m_readOnly && error != VB_ERROR_BAD_FILE && error != VB_ERROR_STORE_TOO_NEW) {
+        // A read-only WAL store in a folder we cannot write to: read it as an immutable file, but only
+        // when its log holds nothing, since an immutable read ignores the log's committed changes.
+        struct stat wal {};
+        if (::stat((path + "-wal").c_str(), &wal) == 0 && wal.st_size > 0) {
+            error = VB_ERROR_STORE_LOG_UNREADABLE;
+            return nullptr;
+        }
         for (auto& [sql, s] : c->m_cache)
             sqlite3_finalize(s);
         c->m_cache.clear();
@@ -366,13 +380,13 @@ std::unique_ptr<SqliteConnector> SqliteConnector::open(const std::string& path, 
 }
 
 // The version a store's schema is at; false when it cannot be read.
-static bool readSchemaVersion(sqlite3* db, uint32_t& version)
+static bool readSchemaVersion(sqlite3* db, int64_t& version)
 {
     sqlite3_stmt* s = nullptr;
     const bool ok = sqlite3_prepare_v2(db, "SELECT max(version) FROM vb_schema", -1, &s, nullptr) == SQLITE_OK
                     && sqlite3_step(s) == SQLITE_ROW;
     if (ok)
-        version = uint32_t(sqlite3_column_int64(s, 0));
+        version = sqlite3_column_int64(s, 0);
     sqlite3_finalize(s);
     return ok;
 }
@@ -407,30 +421,35 @@ uint32_t SqliteConnector::initialise(uint32_t& error)
         error = VB_ERROR_BAD_FILE;
         return error;
     }
-    if (!m_readOnly) {
-        exec("PRAGMA journal_mode = WAL");
-        exec("PRAGMA synchronous = NORMAL");
-    }
     if (!hasSchema && m_readOnly) {
         error = VB_ERROR_BAD_FILE;
         return error;
     }
 
-    uint32_t version = 0;
+    // The version is checked before anything in the file changes (the journal mode included).
+    int64_t version = 0;
     if (hasSchema && !readSchemaVersion(m_db, version)) {
         error = VB_ERROR_BAD_FILE;
         return error;
     }
-    if (version > kSchemaVersion) {
-        error = VB_ERROR_BAD_FILE; // written by a newer release
+    if (version < 0) {
+        error = VB_ERROR_BAD_FILE;
         return error;
     }
-    if (version < kSchemaVersion) {
+    if (version > int64_t(kSchemaVersion)) {
+        error = VB_ERROR_STORE_TOO_NEW;
+        return error;
+    }
+    if (!m_readOnly) {
+        exec("PRAGMA journal_mode = WAL");
+        exec("PRAGMA synchronous = NORMAL");
+    }
+    if (version < int64_t(kSchemaVersion)) {
         if (m_readOnly) {
             error = VB_ERROR_ACCESS_DENIED;
             return error;
         }
-        error = migrate(version);
+        error = migrate(uint32_t(version));
         if (error)
             return error;
     }
@@ -445,16 +464,20 @@ uint32_t SqliteConnector::migrate(uint32_t from)
     // Another process may be creating the same store: decide inside the write lock.
     if (uint32_t e = exec("BEGIN IMMEDIATE"))
         return e;
-    uint32_t version = 0;
+    int64_t version = 0;
     readSchemaVersion(m_db, version); // no table yet: version 0
     (void)from;
-    for (uint32_t v = version; v < kSchemaVersion; ++v) {
+    if (version < 0 || version > int64_t(kSchemaVersion)) {
+        exec("ROLLBACK");
+        return version < 0 ? VB_ERROR_BAD_FILE : VB_ERROR_STORE_TOO_NEW;
+    }
+    for (auto v = uint32_t(version); v < kSchemaVersion; ++v) {
         if (uint32_t e = exec(kMigrations[v])) {
             exec("ROLLBACK");
             return e;
         }
     }
-    if (version < kSchemaVersion) {
+    if (version < int64_t(kSchemaVersion)) {
         sqlite3_stmt* s = nullptr;
         sqlite3_prepare_v2(m_db, "INSERT INTO vb_schema(version, created) VALUES (?, ?)", -1, &s, nullptr);
         sqlite3_bind_int64(s, 1, kSchemaVersion);
@@ -709,10 +732,17 @@ uint32_t SqliteConnector::listAdd(const ObjectRef& owner, std::string_view secti
 {
     return transaction([&]() -> uint32_t {
         const std::string sk = fold(section), nk = fold(name);
+        // An element never replaces a text or a number held under the name.
+        Stmt t = prepare("SELECT type FROM property WHERE owner = ? AND section_key = ? AND name_key = ?");
+        t.bind(1, owner.id).bind(2, sk).bind(3, nk);
+        const int rc = t.step();
+        if (rc == SQLITE_ROW && t.int64(0) != VB_TYPE_MULTI_STRING)
+            return uint32_t(VB_ERROR_INVALID_DATA);
+        if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+            return fail(rc);
         // The property row marks the list as existing (an emptied list still reads as an empty list).
         Stmt m = prepare("INSERT INTO property(owner, section_key, name_key, section, name, type, value) "
-                         "VALUES (?, ?, ?, ?, ?, 7, NULL) ON CONFLICT(owner, section_key, name_key) "
-                         "DO UPDATE SET type = 7, value = NULL WHERE type <> 7");
+                         "VALUES (?, ?, ?, ?, ?, 7, NULL) ON CONFLICT(owner, section_key, name_key) DO NOTHING");
         m.bind(1, owner.id).bind(2, sk).bind(3, nk).bind(4, section).bind(5, name);
         if (uint32_t e = stepDone(m))
             return e;

@@ -66,6 +66,8 @@
 #define VB_ERROR_IO_DEVICE 1117u
 #define VB_ERROR_BAD_FILE 0xE0000001u    /* the file is not a configuration store */
 #define VB_ERROR_STORE_FAILURE 0xE0000002u /* the database refused an operation for another reason */
+#define VB_ERROR_STORE_TOO_NEW 0xE0000003u /* the store was written by a newer release; it is left untouched */
+#define VB_ERROR_STORE_LOG_UNREADABLE 0xE0000004u /* read-only store whose newest changes are in a log we cannot read */
 
 /* Application-defined codes of the configuration libraries (bit 0x20000000 set). */
 #define VB_ERROR_MAILBOX_LIMIT 0xE0100003u   /* no more mailboxes in this domain */

@@ -1,0 +1,195 @@
+// Store faults found by breaking things: list elements over values, transactions after a failure,
+// simultaneous service starts, newer, foreign and read-only stores.
+#include "StoreFixture.h"
+
+#include <pwd.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+#include "velbrook/DomainStore.h"
+#include "velbrook/ListStore.h"
+#include "velbrook/MailboxStore.h"
+#include "velbrook/StoreTesting.h"
+
+using StoreFaults = StoreTest;
+
+// Runs check as the unprivileged user "nobody" in a child process (root may read and write anything);
+// returns its exit status, 90 when it could not become nobody.
+static int asNobody(const std::function<int()>& check)
+{
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        const passwd* nobody = ::getpwnam("nobody");
+        if (::geteuid() == 0 && (!nobody || ::setgid(nobody->pw_gid) != 0 || ::setuid(nobody->pw_uid) != 0))
+            ::_exit(90);
+        ::_exit(check());
+    }
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 99;
+}
+
+TEST_F(StoreFaults, ListElementNeverReplacesAValue)
+{
+    ASSERT_TRUE(setText(nullptr, "Banner", "hello"));
+    ASSERT_TRUE(setNumber(nullptr, "Limit", 7));
+    EXPECT_FALSE(AddToMailServerListProperty(server, nullptr, "Banner", "x"));
+    EXPECT_EQ(GetLastError(), VB_ERROR_INVALID_DATA);
+    EXPECT_FALSE(AddToMailServerListProperty(server, nullptr, "LIMIT", "x"));
+    EXPECT_EQ(GetLastError(), VB_ERROR_INVALID_DATA);
+    EXPECT_EQ(text(nullptr, "Banner"), "hello");
+    EXPECT_EQ(number(nullptr, "Limit"), 7);
+
+    ASSERT_TRUE(CreateDomain(server, "a.example"));
+    _tDomain* d = OpenDomain(server, "a.example");
+    ASSERT_TRUE(SetDomainProperty(d, VB_TYPE_STRING, "Owner", "me", 3));
+    EXPECT_FALSE(AddToDomainListProperty(d, "Owner", "x"));
+    EXPECT_EQ(GetLastError(), VB_ERROR_INVALID_DATA);
+    char value[16];
+    uint32_t size = sizeof value;
+    ASSERT_TRUE(GetDomainProperty(d, "Owner", value, &size, nullptr));
+    EXPECT_STREQ(value, "me");
+    EXPECT_TRUE(AddToDomainListProperty(d, "Fresh", "x")) << "a new name becomes a list";
+    CloseDomain(d);
+}
+
+// A write after a failed operation commits: a second connection sees it.
+TEST_F(StoreFaults, WritesAfterAFailedOperationCommit)
+{
+    _tMailServer* other = OpenMailServer(path.c_str());
+    ASSERT_NE(other, nullptr);
+    ASSERT_TRUE(CreateDomain(server, "a.example"));
+    _tDomain* d = OpenDomain(server, "a.example");
+    const uint32_t zero = 0;
+    ASSERT_TRUE(SetDomainProperty(d, VB_TYPE_DWORD, "MaxMailboxes", &zero, 4));
+    CloseDomain(d);
+    ASSERT_TRUE(AddToMailServerListProperty(server, nullptr, "L", "e"));
+    const std::vector<std::pair<const char*, std::function<int()>>> failing = {
+        {"mailbox over the limit", [&] { return CreateMailbox(server, "x@a.example"); }},
+        {"duplicate domain", [&] { return CreateDomain(server, "A.EXAMPLE"); }},
+        {"duplicate element", [&] { return AddToMailServerListProperty(server, nullptr, "L", "E"); }},
+        {"list in a missing domain", [&] { return CreateMailingList(server, "none.example", "l"); }},
+        {"start of a missing service", [&] { return StartMailService(server, "none"); }},
+    };
+    for (const auto& [label, operation] : failing) {
+        EXPECT_FALSE(operation()) << label;
+        ASSERT_TRUE(setText(nullptr, "After", label));
+        EXPECT_EQ(text(nullptr, "After", other), label);
+    }
+    CloseMailServer(other);
+}
+
+// Of several handles starting one stopped service at once, exactly one succeeds (rounds of starters
+// released together, so that their checks overlap).
+TEST_F(StoreFaults, SimultaneousStartsSucceedOnce)
+{
+    constexpr int kStarters = 8, kRounds = 12;
+    std::vector<_tMailServer*> handles;
+    for (int i = 0; i < kStarters; ++i)
+        handles.push_back(OpenMailServer(path.c_str()));
+    for (int round = 0; round < kRounds; ++round) {
+        ASSERT_TRUE(VbRegisterMailService(server, "SMTPRA", nullptr, "builtin", nullptr, VB_SERVICE_STOPPED));
+        ASSERT_TRUE(setNumber("SMTPRA", "PendingMilliseconds", 60000));
+        std::atomic<int> ready{0}, successes{0}, wrongErrors{0};
+        std::vector<std::thread> threads;
+        for (_tMailServer* s : handles)
+            threads.emplace_back([&, s] {
+                ++ready;
+                while (ready.load() < kStarters) {
+                }
+                if (StartMailService(s, "SMTPRA"))
+                    ++successes;
+                else if (GetLastError() != VB_ERROR_SERVICE_ALREADY_RUNNING)
+                    ++wrongErrors;
+            });
+        for (auto& t : threads)
+            t.join();
+        ASSERT_EQ(successes.load(), 1) << "round " << round;
+        ASSERT_EQ(wrongErrors.load(), 0);
+    }
+    for (_tMailServer* s : handles)
+        CloseMailServer(s);
+}
+
+struct NewerRow {
+    const char* label;
+    int64_t version;
+};
+static void PrintTo(const NewerRow& row, std::ostream* os) { *os << '"' << row.label << '"'; }
+class NewerSchema : public StoreTest, public ::testing::WithParamInterface<NewerRow> {};
+
+// A store of a newer release is refused with its own error, and not a byte of it changes.
+TEST_P(NewerSchema, IsRefusedUntouched)
+{
+    CloseMailServer(server);
+    server = nullptr;
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &db), SQLITE_OK);
+    const std::string sql = "PRAGMA journal_mode = DELETE; UPDATE vb_schema SET version = "
+                            + std::to_string(GetParam().version);
+    ASSERT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(db);
+    const std::string before = fileBytes(path);
+    EXPECT_EQ(OpenMailServer(path.c_str()), nullptr);
+    EXPECT_EQ(GetLastError(), VB_ERROR_STORE_TOO_NEW);
+    EXPECT_EQ(fileBytes(path), before);
+    EXPECT_FALSE(std::filesystem::exists(path + "-wal"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, NewerSchema,
+                         ::testing::Values(NewerRow{"next version", 2}, NewerRow{"past 32 bits", (1LL << 32) + 1}),
+                         RowName());
+
+TEST_F(StoreFaults, AnotherUsersStoreIsAccessDenied)
+{
+    ASSERT_EQ(::chmod(dir.c_str(), 0755), 0);
+    EXPECT_EQ(asNobody([&] {
+                  return OpenMailServer(path.c_str()) == nullptr && GetLastError() == VB_ERROR_ACCESS_DENIED ? 0 : 1;
+              }),
+              0);
+}
+
+// A read-only store whose last writer died with changes in the log: those changes are read, or the
+// store is refused; an older value is never passed off as the current one.
+TEST_F(StoreFaults, ReadOnlyStoreNeverIgnoresItsLog)
+{
+    ASSERT_TRUE(setText(nullptr, "MailSpoolDir", "/old"));
+    CloseMailServer(server);
+    server = nullptr;
+    const pid_t writer = ::fork();
+    if (writer == 0) {
+        _tMailServer* s = OpenMailServer(path.c_str());
+        const char* value = "/new";
+        ::_exit(s && SetMailServerProperty(s, nullptr, VB_TYPE_STRING, "MailSpoolDir", value, 5) ? 0 : 1); // no close
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(writer, &status, 0), writer);
+    ASSERT_EQ(WEXITSTATUS(status), 0);
+    ASSERT_GT(std::filesystem::file_size(path + "-wal"), 0u);
+    for (const std::string& f : {path, path + "-wal", path + "-shm"})
+        ::chmod(f.c_str(), 0644);
+    ASSERT_EQ(::chmod(dir.c_str(), 0555), 0);
+    for (const bool withIndex : {true, false}) {
+        if (!withIndex)
+            ::unlink((path + "-shm").c_str()); // a copy or restore without the log's index
+        EXPECT_EQ(asNobody([&] {
+                  _tMailServer* s = OpenMailServer(path.c_str());
+                  if (!s)
+                      return GetLastError() == VB_ERROR_STORE_LOG_UNREADABLE ? 0 : 1;
+                  char value[16] = {};
+                  uint32_t size = sizeof value;
+                  const bool current = GetMailServerProperty(s, nullptr, "MailSpoolDir", value, &size, nullptr)
+                                       && std::string(value) == "/new";
+                  CloseMailServer(s);
+                  return current ? 0 : 2;
+              }),
+              0) << (withIndex ? "with" : "without") << " the log's index";
+    }
+    ::chmod(dir.c_str(), 0700);
+}
