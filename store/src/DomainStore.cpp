@@ -281,6 +281,7 @@ _tDomain* OpenDomain(_tMailServer* server, const char* name)
     }
     auto* domain = new _tDomain;
     domain->server = server;
+    domain->life = server->life;
     if (uint32_t e = server->connector->loadSnapshot(Kind::Domain, "", domainName, domain->snapshot)) {
         delete domain;
         SetLastError(e);
@@ -332,6 +333,8 @@ int DestroyDomain(_tMailServer* server, const char* name)
 
 int GetDomainProperty(_tDomain* domain, const char* name, void* buffer, uint32_t* size, uint32_t* type)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return getObjectProperty(*domain, "GetDomainProperty", name, buffer, size, type);
@@ -339,6 +342,8 @@ int GetDomainProperty(_tDomain* domain, const char* name, void* buffer, uint32_t
 
 int SetDomainProperty(_tDomain* domain, uint32_t type, const char* name, const void* data, uint32_t size)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return setObjectProperty(*domain, "SetDomainProperty", type, name, data, size);
@@ -346,6 +351,8 @@ int SetDomainProperty(_tDomain* domain, uint32_t type, const char* name, const v
 
 int LookupDomainListProperty(_tDomain* domain, const char* name, const char* element)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return lookupObjectList(*domain, "LookupDomainListProperty", name, element);
@@ -353,6 +360,8 @@ int LookupDomainListProperty(_tDomain* domain, const char* name, const char* ele
 
 int AddToDomainListProperty(_tDomain* domain, const char* name, const char* element)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return addToObjectList(*domain, "AddToDomainListProperty", name, element);
@@ -360,6 +369,8 @@ int AddToDomainListProperty(_tDomain* domain, const char* name, const char* elem
 
 int RemoveFromDomainListProperty(_tDomain* domain, const char* name, const char* element)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return removeFromObjectList(*domain, "RemoveFromDomainListProperty", name, element);

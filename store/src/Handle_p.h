@@ -20,6 +20,8 @@ struct _tMailServer {
     std::atomic<uint64_t> nextReportId{1};
     std::mutex failedMutex;
     std::vector<_tFailedWrite> failedWrites; // since the host last took them
+    // Objects that depend on the handle keep a weak reference: expired once the handle is closed.
+    std::shared_ptr<int> life = std::make_shared<int>(0);
 };
 
 namespace vb {

@@ -23,6 +23,7 @@ const CodeText kTexts[] = {
     {VB_ERROR_FILE_NOT_FOUND, "The system cannot find the file specified."},
     {VB_ERROR_PATH_NOT_FOUND, "The system cannot find the path specified."},
     {VB_ERROR_ACCESS_DENIED, "Access is denied."},
+    {VB_ERROR_INVALID_HANDLE, "The handle is invalid."},
     {VB_ERROR_NOT_ENOUGH_MEMORY, "Not enough memory resources are available to process this command."},
     {VB_ERROR_INVALID_DATA, "The data is invalid."},
     {VB_ERROR_NOT_SUPPORTED, "The request is not supported."},

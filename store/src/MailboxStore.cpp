@@ -199,6 +199,7 @@ _tMailbox* OpenMailbox(_tMailServer* server, const char* address)
     }
     auto* mailbox = new _tMailbox;
     mailbox->server = server;
+    mailbox->life = server->life;
     if (uint32_t e = server->connector->loadSnapshot(Kind::Mailbox, domainName, local, mailbox->snapshot)) {
         delete mailbox;
         SetLastError(e);
@@ -275,6 +276,8 @@ int DestroyMailbox(_tMailServer* server, const char* address)
 
 int GetMailboxProperty(_tMailbox* mailbox, const char* name, void* buffer, uint32_t* size, uint32_t* type)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return getObjectProperty(*mailbox, "GetMailboxProperty", name, buffer, size, type);
@@ -282,6 +285,8 @@ int GetMailboxProperty(_tMailbox* mailbox, const char* name, void* buffer, uint3
 
 int SetMailboxProperty(_tMailbox* mailbox, uint32_t type, const char* name, const void* data, uint32_t size)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return setObjectProperty(*mailbox, "SetMailboxProperty", type, name, data, size);
@@ -289,6 +294,8 @@ int SetMailboxProperty(_tMailbox* mailbox, uint32_t type, const char* name, cons
 
 int LookupMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return lookupObjectList(*mailbox, "LookupMailboxListProperty", name, element);
@@ -296,6 +303,8 @@ int LookupMailboxListProperty(_tMailbox* mailbox, const char* name, const char* 
 
 int AddToMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return addToObjectList(*mailbox, "AddToMailboxListProperty", name, element);
@@ -303,6 +312,8 @@ int AddToMailboxListProperty(_tMailbox* mailbox, const char* name, const char* e
 
 int RemoveFromMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return removeFromObjectList(*mailbox, "RemoveFromMailboxListProperty", name, element);
@@ -310,6 +321,8 @@ int RemoveFromMailboxListProperty(_tMailbox* mailbox, const char* name, const ch
 
 int CreateMailboxAlias(_tMailbox* mailbox, const char* alias)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !validObjectName(alias) || std::strchr(alias, '@'))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "CreateMailboxAlias", nullptr, alias))
@@ -321,6 +334,8 @@ int CreateMailboxAlias(_tMailbox* mailbox, const char* alias)
 
 int DestroyMailboxAlias(_tMailbox* mailbox, const char* alias)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !validObjectName(alias))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "DestroyMailboxAlias", nullptr, alias))
@@ -332,6 +347,8 @@ int DestroyMailboxAlias(_tMailbox* mailbox, const char* alias)
 
 int GetMailboxAliasNames(_tMailbox* mailbox, char* buffer, uint32_t* size)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !size)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "GetMailboxAliasNames", nullptr, nullptr))
@@ -344,6 +361,8 @@ int GetMailboxAliasNames(_tMailbox* mailbox, char* buffer, uint32_t* size)
 
 int GetMailboxPassword(_tMailbox* mailbox, char* password, uint32_t* size)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !size)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "GetMailboxPassword", nullptr, nullptr))
@@ -363,6 +382,8 @@ int GetMailboxPassword(_tMailbox* mailbox, char* password, uint32_t* size)
 
 int SetMailboxPassword(_tMailbox* mailbox, const char* password)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !password || std::strlen(password) > 1024)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "SetMailboxPassword", nullptr, nullptr))
@@ -377,6 +398,8 @@ int SetMailboxPassword(_tMailbox* mailbox, const char* password)
 
 int GetMailboxPluginInfo(_tMailbox* mailbox, _tMailboxPluginInfo* info)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !info || info->cbSize < sizeof(_tMailboxPluginInfo))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "GetMailboxPluginInfo", nullptr, nullptr))

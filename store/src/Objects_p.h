@@ -9,10 +9,14 @@ namespace vb {
 
 struct OpenObject {
     _tMailServer* server = nullptr;
+    std::weak_ptr<int> life; // of the server handle
     Snapshot snapshot;
 
     const ObjectRef& ref() const { return snapshot.object; }
 };
+
+// An object whose server handle was closed: every use but closing fails with VB_ERROR_INVALID_HANDLE.
+inline bool gone(const OpenObject* o) { return o && o->life.expired(); }
 
 // Property access shared by the three kinds; operation names are those of the C functions.
 int getObjectProperty(OpenObject& o, const char* operation, const char* name, void* buffer, uint32_t* size,

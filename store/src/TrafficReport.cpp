@@ -15,6 +15,7 @@ using namespace vb;
 
 struct CTrafficReport::Private {
     _tMailServer* server = nullptr;
+    std::weak_ptr<int> life; // of the server handle
     uint64_t id = 0;
     bool generated = false;
     uint64_t rows = 0;
@@ -52,13 +53,15 @@ struct FileCloser {
 CTrafficReport::CTrafficReport(_tMailServer* server) : d(std::make_unique<Private>())
 {
     d->server = server;
-    if (server)
+    if (server) {
+        d->life = server->life;
         d->id = server->nextReportId++;
+    }
 }
 
 CTrafficReport::~CTrafficReport()
 {
-    if (d->server && d->generated)
+    if (d->server && d->generated && !d->life.expired())
         d->server->connector->trafficDrop(d->id);
 }
 
@@ -75,6 +78,10 @@ uint64_t CTrafficReport::RowCount() const
 
 bool CTrafficReport::Generate(const char* name, _tTrafficStatistics thresholds)
 {
+    if (d->server && d->life.expired()) {
+        SetLastError(VB_ERROR_INVALID_HANDLE);
+        return false;
+    }
     if (!d->server) {
         SetLastError(VB_ERROR_INVALID_PARAMETER);
         return false;
@@ -118,6 +125,10 @@ bool CTrafficReport::Generate(const char* name, _tTrafficStatistics thresholds)
 // at the end, so that a failed or cancelled save never leaves half a report.
 bool CTrafficReport::Save(const char* fileName)
 {
+    if (d->server && d->life.expired()) {
+        SetLastError(VB_ERROR_INVALID_HANDLE);
+        return false;
+    }
     if (!d->server || !fileName || !*fileName) {
         SetLastError(VB_ERROR_INVALID_PARAMETER);
         return false;

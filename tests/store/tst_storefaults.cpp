@@ -74,7 +74,7 @@ TEST_F(StoreFaults, WritesAfterAFailedOperationCommit)
         {"mailbox over the limit", [&] { return CreateMailbox(server, "x@a.example"); }},
         {"duplicate domain", [&] { return CreateDomain(server, "A.EXAMPLE"); }},
         {"duplicate element", [&] { return AddToMailServerListProperty(server, nullptr, "L", "E"); }},
-        {"list in a missing domain", [&] { return CreateMailingList(server, "none.example", "l"); }},
+        {"list in a missing domain", [&] { return CreateMailingList(server, "l", "none.example"); }},
         {"start of a missing service", [&] { return StartMailService(server, "none"); }},
     };
     for (const auto& [label, operation] : failing) {
@@ -192,4 +192,43 @@ TEST_F(StoreFaults, ReadOnlyStoreNeverIgnoresItsLog)
               0) << (withIndex ? "with" : "without") << " the log's index";
     }
     ::chmod(dir.c_str(), 0700);
+}
+
+// Objects that outlive their server handle fail cleanly instead of touching freed memory (the sanitizer
+// build catches a use after free), and can still be closed.
+TEST_F(StoreFaults, ObjectsOutlivingTheirHandleFailCleanly)
+{
+    ASSERT_TRUE(CreateDomain(server, "a.example"));
+    ASSERT_TRUE(CreateMailbox(server, "m@a.example"));
+    ASSERT_TRUE(CreateMailingList(server, "l", "a.example"));
+    _tDomain* d = OpenDomain(server, "a.example");
+    _tMailbox* m = OpenMailbox(server, "m@a.example");
+    _tMailingList* l = OpenMailingList(server, "l", "a.example");
+    ASSERT_TRUE(d && m && l);
+    auto report = std::make_unique<CTrafficReport>(server);
+    ASSERT_TRUE(report->Generate(nullptr, _tTrafficStatistics{}));
+    CloseMailServer(server);
+    server = nullptr;
+
+    const uint32_t one = 1;
+    char buffer[64];
+    uint32_t size = sizeof buffer;
+    const std::vector<std::pair<const char*, std::function<bool()>>> uses = {
+        {"domain read", [&] { return GetDomainProperty(d, "MailboxCount", buffer, &size, nullptr) != 0; }},
+        {"domain write", [&] { return SetDomainProperty(d, VB_TYPE_DWORD, "X", &one, 4) != 0; }},
+        {"mailbox write", [&] { return SetMailboxProperty(m, VB_TYPE_DWORD, "X", &one, 4) != 0; }},
+        {"mailbox password", [&] { return GetMailboxPassword(m, buffer, &size) != 0; }},
+        {"list member", [&] { return AddMailingListMember(l, "x@b.example") != 0; }},
+        {"list members", [&] { return StartMailingListMemberEnumeration(l) != nullptr; }},
+        {"report", [&] { return report->Generate(nullptr, _tTrafficStatistics{}); }},
+        {"report save", [&] { return report->Save("/tmp/never-written.csv"); }},
+    };
+    for (const auto& [label, use] : uses) {
+        EXPECT_FALSE(use()) << label;
+        EXPECT_EQ(GetLastError(), VB_ERROR_INVALID_HANDLE) << label;
+    }
+    report.reset();
+    EXPECT_TRUE(CloseDomain(d));
+    EXPECT_TRUE(CloseMailbox(m));
+    EXPECT_TRUE(CloseMailingList(l));
 }

@@ -46,6 +46,7 @@
 #define VB_ERROR_FILE_NOT_FOUND 2u       /* property, section or object not found */
 #define VB_ERROR_PATH_NOT_FOUND 3u       /* the store's folder does not exist */
 #define VB_ERROR_ACCESS_DENIED 5u        /* read-only store */
+#define VB_ERROR_INVALID_HANDLE 6u       /* an object used after the server handle it came from was closed */
 #define VB_ERROR_NOT_ENOUGH_MEMORY 8u
 #define VB_ERROR_INVALID_DATA 13u        /* stored value of another type, or corrupt */
 #define VB_ERROR_NOT_SUPPORTED 50u
@@ -82,7 +83,9 @@
 #define VB_ERROR_MAILBOX_KEY_UNSAFE 0xE1100005u      /* the key file can be read by other users */
 #define VB_ERROR_MAILLIST_BAD_NAME 0xE1200001u
 
-/* One open configuration. Owned by whoever called OpenMailServer. */
+/* One open configuration. Owned by whoever called OpenMailServer. Objects obtained through it (opened
+ * domains, mailboxes and lists, traffic reports) may outlive it: every use of them then fails with
+ * VB_ERROR_INVALID_HANDLE, and only closing or destroying them still works. */
 typedef struct _tMailServer _tMailServer;
 
 #endif
