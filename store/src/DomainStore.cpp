@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "Objects_p.h"
+#include "toolkit/Utf8_p.h"
 #include "velbrook/DomainStore.h"
 #include "velbrook/ListStore.h"
 
@@ -28,7 +29,7 @@ bool validObjectName(const char* name)
     for (size_t i = 0; i < n; ++i)
         if (static_cast<unsigned char>(name[i]) < 0x20 || name[i] == 0x7f)
             return false;
-    return true;
+    return vbtoolkit::isValidUtf8(std::string_view(name, n));
 }
 
 uint32_t defaultDomain(_tMailServer* server, ObjectRef& domain)
@@ -60,6 +61,8 @@ bool splitAddress(const char* address, std::string& local, std::string& domain)
     } else {
         local = a.substr(0, at);
         domain = a.substr(at + 1);
+        if (domain.empty())
+            return false; // "user@" names no domain; it is not the default domain's user
     }
     return !local.empty();
 }

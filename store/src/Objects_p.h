@@ -33,7 +33,7 @@ uint32_t defaultDomain(_tMailServer* server, ObjectRef& domain);
 uint32_t resolveDomain(_tMailServer* server, const std::string& domainName, ObjectRef& domain);
 bool splitAddress(const char* address, std::string& local, std::string& domain);
 
-// Names: at most 255 bytes, no control characters, not empty.
+// Names: valid UTF-8 of at most 255 bytes, no control characters, not empty.
 bool validObjectName(const char* name);
 
 } // namespace vb

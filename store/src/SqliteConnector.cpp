@@ -280,8 +280,34 @@ CREATE TABLE alias_mapping(seq INTEGER PRIMARY KEY, alias TEXT NOT NULL, target 
 CREATE TABLE retry_request(id INTEGER PRIMARY KEY, name TEXT NOT NULL, requested INTEGER NOT NULL);
 )SQL";
 
+// Version 2: name keys folded for all of Unicode, not only ASCII (vb_fold). Folding a key folded for ASCII
+// gives the key of the original name. Names that now collide keep their old key rather than fail the store.
+static const char* const kSchemaV2 = R"SQL(
+UPDATE OR IGNORE object SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
+UPDATE OR IGNORE property SET section_key = vb_fold(section_key), name_key = vb_fold(name_key)
+  WHERE section_key <> vb_fold(section_key) OR name_key <> vb_fold(name_key);
+UPDATE OR IGNORE list_element SET section_key = vb_fold(section_key), name_key = vb_fold(name_key),
+  element_key = vb_fold(element_key)
+  WHERE section_key <> vb_fold(section_key) OR name_key <> vb_fold(name_key) OR element_key <> vb_fold(element_key);
+UPDATE OR IGNORE synonym SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
+UPDATE OR IGNORE mailbox_alias SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
+UPDATE OR IGNORE service SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
+)SQL";
+
 // Schema steps: kMigrations[i] takes a store from version i to version i + 1.
-static const char* const kMigrations[] = {kSchemaV1};
+static const char* const kMigrations[] = {kSchemaV1, kSchemaV2};
+
+// vb_fold(text): the store's folding of a name, for the migration and for comparisons in SQL.
+static void sqlFold(sqlite3_context* context, int, sqlite3_value** argv)
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
+    if (!text) {
+        sqlite3_result_null(context);
+        return;
+    }
+    const std::string folded = fold(std::string_view(text, size_t(sqlite3_value_bytes(argv[0]))));
+    sqlite3_result_text64(context, folded.data(), folded.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
 
 static std::string uriEscape(const std::string& path)
 {
@@ -395,6 +421,8 @@ uint32_t SqliteConnector::initialise(uint32_t& error)
 {
     sqlite3_busy_timeout(m_db, 5000);
     sqlite3_extended_result_codes(m_db, 0);
+    sqlite3_create_function_v2(m_db, "vb_fold", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, sqlFold, nullptr,
+                               nullptr, nullptr);
     exec("PRAGMA foreign_keys = ON");
 
     // Is it a store at all? Reading the schema fails on a file that is not a database.
@@ -943,8 +971,8 @@ uint32_t SqliteConnector::findDomainByProperty(std::string_view property, std::s
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT o.id, o.name FROM object o JOIN property p ON p.owner = o.id AND p.section_key = '' "
                      "AND p.name_key = ? WHERE o.kind = 1 AND o.parent = 0 AND p.type = 1 "
-                     "AND p.value = ? COLLATE NOCASE ORDER BY o.name_key LIMIT 1");
-    s.bind(1, fold(property)).bind(2, text);
+                     "AND vb_fold(p.value) = ? ORDER BY o.name_key LIMIT 1");
+    s.bind(1, fold(property)).bind(2, fold(text));
     return readObject(s, Kind::Domain, 0, domain);
 }
 

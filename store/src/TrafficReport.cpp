@@ -27,11 +27,16 @@ namespace {
 
 void appendField(std::string& out, std::string_view field)
 {
-    if (field.find_first_of(",\"\r\n") == std::string_view::npos) {
+    // A spreadsheet takes a field that starts with one of these for a formula: such a field is quoted
+    // and led by an apostrophe, which shows it as text.
+    const bool formula = !field.empty() && std::string_view("=+-@\t\r").find(field.front()) != std::string_view::npos;
+    if (!formula && field.find_first_of(",\"\r\n") == std::string_view::npos) {
         out += field;
         return;
     }
     out += '"';
+    if (formula)
+        out += '\'';
     for (char c : field) {
         if (c == '"')
             out += '"';

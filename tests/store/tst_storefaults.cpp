@@ -119,7 +119,7 @@ TEST_F(StoreFaults, SimultaneousStartsSucceedOnce)
 
 struct NewerRow {
     const char* label;
-    int64_t version;
+    int64_t version; // above the current one
 };
 static void PrintTo(const NewerRow& row, std::ostream* os) { *os << '"' << row.label << '"'; }
 class NewerSchema : public StoreTest, public ::testing::WithParamInterface<NewerRow> {};
@@ -127,12 +127,14 @@ class NewerSchema : public StoreTest, public ::testing::WithParamInterface<Newer
 // A store of a newer release is refused with its own error, and not a byte of it changes.
 TEST_P(NewerSchema, IsRefusedUntouched)
 {
+    _tConfigConnectorInfo info{sizeof info, 0, 0, 0, 0};
+    ASSERT_TRUE(GetConfigConnectorInfo(server, &info));
     CloseMailServer(server);
     server = nullptr;
     sqlite3* db = nullptr;
     ASSERT_EQ(sqlite3_open(path.c_str(), &db), SQLITE_OK);
     const std::string sql = "PRAGMA journal_mode = DELETE; UPDATE vb_schema SET version = "
-                            + std::to_string(GetParam().version);
+                            + std::to_string(GetParam().version + info.version);
     ASSERT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
     sqlite3_close(db);
     const std::string before = fileBytes(path);
@@ -143,7 +145,7 @@ TEST_P(NewerSchema, IsRefusedUntouched)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, NewerSchema,
-                         ::testing::Values(NewerRow{"next version", 2}, NewerRow{"past 32 bits", (1LL << 32) + 1}),
+                         ::testing::Values(NewerRow{"next version", 1}, NewerRow{"past 32 bits", 1LL << 32}),
                          RowName());
 
 TEST_F(StoreFaults, AnotherUsersStoreIsAccessDenied)
@@ -231,4 +233,63 @@ TEST_F(StoreFaults, ObjectsOutlivingTheirHandleFailCleanly)
     EXPECT_TRUE(CloseDomain(d));
     EXPECT_TRUE(CloseMailbox(m));
     EXPECT_TRUE(CloseMailingList(l));
+}
+
+struct NameRow {
+    const char* label;
+    const char* domain;  // created first
+    const char* mailbox; // then created, or refused with error
+    uint32_t error;
+};
+static void PrintTo(const NameRow& row, std::ostream* os) { *os << '"' << row.label << '"'; }
+class Names : public StoreTest, public ::testing::WithParamInterface<NameRow> {};
+
+TEST_P(Names, AreCheckedAndFoldedForAllOfUnicode)
+{
+    const NameRow row = GetParam();
+    ASSERT_TRUE(CreateDomain(server, row.domain));
+    EXPECT_EQ(CreateMailbox(server, row.mailbox) ? 0u : GetLastError(), row.error);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, Names,
+    ::testing::Values(NameRow{"plain", "a.example", "bob@a.example", 0},
+                      NameRow{"invalid UTF-8 local part", "a.example", "b\xFFob@a.example", VB_ERROR_MAILBOX_BAD_NAME},
+                      NameRow{"no domain after the at sign", "a.example", "user@", VB_ERROR_MAILBOX_BAD_NAME},
+                      NameRow{"domain in other letter case", "café.example", "zoë@CAFÉ.EXAMPLE", 0},
+                      NameRow{"Greek capitals", "a.example", "ΣΟΦΙΑ@a.example", 0}),
+    RowName());
+
+TEST_F(StoreFaults, NamesDifferingOnlyInCaseAreOneName)
+{
+    EXPECT_FALSE(CreateDomain(server, "caf\xC3.example")) << "a truncated sequence";
+    EXPECT_EQ(GetLastError(), VB_ERROR_INVALID_PARAMETER);
+    ASSERT_TRUE(CreateDomain(server, "café.example"));
+    EXPECT_FALSE(CreateDomain(server, "CAFÉ.example"));
+    EXPECT_EQ(GetLastError(), VB_ERROR_ALREADY_EXISTS);
+    ASSERT_TRUE(CreateMailbox(server, "ΣΟΦΙΑ@café.example"));
+    EXPECT_FALSE(CreateMailbox(server, "σοφια@CAFÉ.EXAMPLE"));
+    EXPECT_EQ(GetLastError(), VB_ERROR_ALREADY_EXISTS);
+    ASSERT_TRUE(setText("ÄRGER", "Größe", "1"));
+    EXPECT_EQ(text("ärger", "GRÖßE"), "1");
+}
+
+// A store whose keys were folded for ASCII only is refolded when it is opened.
+TEST_F(StoreFaults, KeysOfAnOlderStoreAreRefolded)
+{
+    ASSERT_TRUE(CreateDomain(server, "CAFÉ.example"));
+    CloseMailServer(server);
+    server = nullptr;
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &db), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(db, "UPDATE object SET name_key = 'cafÉ.example' WHERE kind = 1; "
+                               "DELETE FROM vb_schema; INSERT INTO vb_schema VALUES (1, 0)",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(db);
+    server = OpenMailServer(path.c_str());
+    ASSERT_NE(server, nullptr);
+    _tDomain* d = OpenDomain(server, "café.example");
+    EXPECT_NE(d, nullptr);
+    CloseDomain(d);
 }
