@@ -39,8 +39,9 @@ TAVIDLG_API int EditQuotas(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditCalendaring(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditTrafficCounters(TaviOwner owner, _tMailServer* server);
 
-/* A server property that holds a list of IPv4 subnets with comments (a multi-string of lines such as
- * 10.0.0.0/8,"head office"; for example section "SMTPRA", name "TrustedSubnets"): opens the subnet list
+/* A server property that holds a list of IPv4 subnets with comments (a multi-string of elements such as
+ * 10.0.0.0/8,"head office" or 10.0.0.0/8, as ServerStore.h documents; for example section "SMTPRA", name
+ * "TrustedSubnets"): opens the subnet list
  * editor over it and writes it back on OK. captionId: the string id of the caption (0: the default).
  * 1: written; 2: cancelled or nothing changed; -1: the property could not be read. */
 TAVIDLG_API int EditServerSubnetList(TaviOwner owner, _tMailServer* server, const char* section,

@@ -62,6 +62,12 @@ VB_STORE_API int EnumMailServerProperties(_tMailServer* server, const char* sect
 /* Multi-string of the sections that hold at least one property ("" for the server's own first). */
 VB_STORE_API int EnumMailServerSections(_tMailServer* server, char* buffer, uint32_t* size);
 
+/* Subnet-list properties (such as section "SMTPRA", name "TrustedSubnets"): a multi-string with one IPv4
+ * subnet per element, "a.b.c.d/nn" (or "a.b.c.d/m.m.m.m"), optionally followed by a comma and a comment
+ * in double quotes with inner double quotes doubled: 10.0.0.0/8,"head office". An element without a
+ * comment has an empty one. `velbrook-store set --list` writes one element per argument, the subnet
+ * list editor writes and reads this format, and it also reads a text written by EncodeIp4SubnetList. */
+
 /* List properties: a multi-valued property whose elements are changed one at a time. Reading the
  * property with GetMailServerProperty yields a multi-string (type 7) in insertion order; writing it
  * with type 7 replaces the whole list. Elements compare without regard to ASCII case.
