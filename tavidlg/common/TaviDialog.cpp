@@ -1,5 +1,7 @@
 #include "common/TaviDialog.h"
 
+#include <climits>
+
 #include "common/PlatformServices.h"
 #include "config/AccessLayer.h"
 #include "config/MessageFormat.h"
@@ -149,4 +151,13 @@ void CTaviDialog::keyPressEvent(QKeyEvent* event)
         return;
     }
     QDialog::keyPressEvent(event);
+}
+
+void setEditText(QLineEdit* edit, const QString& text)
+{
+    if (!edit)
+        return;
+    if (text.size() > edit->maxLength())
+        edit->setMaxLength(int(qMin<qsizetype>(text.size(), INT_MAX)));
+    edit->setText(text);
 }

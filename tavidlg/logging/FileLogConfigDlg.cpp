@@ -60,7 +60,7 @@ void CFileLogConfigDlg::initDialog()
 bool CFileLogConfigDlg::exchange(bool save)
 {
     if (!save) {
-        m_dirEdit->setText(m_dir);
+        setEditText(m_dirEdit, m_dir);
         return true;
     }
     // Taken as typed, blanks included; a change of letter case only is not a change. Unlike the mail
@@ -75,5 +75,5 @@ void CFileLogConfigDlg::onBrowse()
 {
     QString folder = m_dirEdit->text();
     if (m_browse.Browse(m_dirLabel->text(), folder))
-        m_dirEdit->setText(folder);
+        setEditText(m_dirEdit, folder);
 }

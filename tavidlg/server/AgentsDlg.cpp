@@ -60,8 +60,8 @@ void CAgentsDlg::initDialog()
 bool CAgentsDlg::exchange(bool save)
 {
     if (!save) {
-        m_agentEdit->setText(m_agent);
-        m_archiveEdit->setText(m_archive);
+        setEditText(m_agentEdit, m_agent);
+        setEditText(m_archiveEdit, m_archive);
         return true;
     }
     // The saving exchange ignores letter case, unlike OK's test for a change; failed writes are silent.

@@ -91,10 +91,7 @@ bool CDirectoriesDlg::isOnNetworkDrive(const QString& path) const
 bool CDirectoriesDlg::exchange(bool save)
 {
     if (!save) {
-        // An edit holds 32767 characters; a longer stored path must not be cut short by showing it.
-        if (m_spoolDir.size() > m_spoolEdit->maxLength())
-            m_spoolEdit->setMaxLength(int(qMin<qsizetype>(m_spoolDir.size(), INT_MAX)));
-        m_spoolEdit->setText(m_spoolDir);
+        setEditText(m_spoolEdit, m_spoolDir);
         m_keepDeadCheck->setChecked(m_keepDead);
         return true;
     }
@@ -136,5 +133,5 @@ void CDirectoriesDlg::onBrowse()
 {
     QString folder = m_spoolEdit->text();
     if (m_browse.Browse(m_spoolLabel->text(), folder))
-        m_spoolEdit->setText(folder);
+        setEditText(m_spoolEdit, folder);
 }

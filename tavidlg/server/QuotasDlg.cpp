@@ -203,6 +203,6 @@ bool CQuotasDlg::exchange(bool save)
 quint32 CQuotasDlg::takeLimit(QLineEdit* edit)
 {
     const QString text = edit->text().trimmed();
-    edit->setText(text);
+    setEditText(edit, text);
     return parseQuotaLimit(text);
 }
