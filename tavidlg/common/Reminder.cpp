@@ -34,10 +34,10 @@ CReminder::CReminder(QWidget* parent, unsigned messageId, const QString& remembe
     m_dontShowCheck->setObjectName(QStringLiteral("chkDontShowAgain"));
 
     auto* box = new QDialogButtonBox(this);
-    m_okButton = box->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
+    m_okButton = box->addButton(tr("&OK"), QDialogButtonBox::AcceptRole);
     m_okButton->setObjectName(QStringLiteral("btnOK"));
     m_okButton->setDefault(true);
-    m_cancelButton = box->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole);
+    m_cancelButton = box->addButton(tr("&Cancel"), QDialogButtonBox::RejectRole);
     m_cancelButton->setObjectName(QStringLiteral("btnCancel"));
     connect(box, &QDialogButtonBox::accepted, this, &CReminder::accept);
     connect(box, &QDialogButtonBox::rejected, this, &CReminder::reject);

@@ -52,9 +52,13 @@ void CCalendaringDlg::initDialog()
     setHelpContext(kHelpContext);
     CTaviDialog::initDialog();
     unsigned long on = 0, remit = 0;
-    // A failed read leaves the controls as built, with nothing selected.
-    if (!m_mailServer.GetProperty(kSection, "CalendarOn", &on) || !m_mailServer.GetProperty(kSection, "CalendarRemit", &remit))
+    // A failed read leaves the controls as built, with nothing selected; they then stand for the values
+    // taken as read, so that an untouched OK writes nothing.
+    if (!m_mailServer.GetProperty(kSection, "CalendarOn", &on) || !m_mailServer.GetProperty(kSection, "CalendarRemit", &remit)) {
+        m_onRead = m_on = 0;
+        m_remitRead = m_remit = kRemitNeither;
         return;
+    }
     m_onRead = m_on = on;
     m_remitRead = m_remit = remit;
     // Only 2 selects the second button; every other value, 1 included, shows "all mailboxes".

@@ -1,5 +1,7 @@
 #include "server/QuotasDlg.h"
 
+#include <QDateTime>
+
 #include "config/AccessLayer.h"
 #include "res/StringTable.h"
 
@@ -45,10 +47,21 @@ QString quotaCheckedText(quint32 secondsSince1970)
 {
     if (secondsSince1970 == 0)
         return TaviString(kUnknown);
-    const std::time_t when = std::time_t(secondsSince1970);
-    std::tm local = {};
-    if (!localtime_r(&when, &local))
+    // Local time through Qt (localtime_r is not on every platform), formatted by strftime's "%c" in the
+    // time locale the library set at load.
+    const QDateTime when = QDateTime::fromSecsSinceEpoch(qint64(secondsSince1970)).toLocalTime();
+    if (!when.isValid())
         return TaviString(kUnknown);
+    std::tm local = {};
+    local.tm_year = when.date().year() - 1900;
+    local.tm_mon = when.date().month() - 1;
+    local.tm_mday = when.date().day();
+    local.tm_wday = when.date().dayOfWeek() % 7;
+    local.tm_yday = when.date().dayOfYear() - 1;
+    local.tm_hour = when.time().hour();
+    local.tm_min = when.time().minute();
+    local.tm_sec = when.time().second();
+    local.tm_isdst = when.isDaylightTime() ? 1 : 0;
     char buffer[128] = {};
     const std::size_t length = std::strftime(buffer, sizeof buffer, "%c", &local);
     return QString::fromLocal8Bit(buffer, qsizetype(length));

@@ -405,7 +405,7 @@ void tst_SubnetListDlg::exportThenReimportCountsQuotedComment()
     const auto boxes = m_platform->callsOf(QStringLiteral("messageBox"));
     QCOMPARE(boxes.size(), 2);
     QCOMPARE(boxes[0].text, QStringLiteral("There were 1 errors when processing the file."));
-    QCOMPARE(boxes[0].style & Mb::ButtonMask, unsigned(Mb::OkCancel));
+    QCOMPARE(boxes[0].style, unsigned(Mb::OkCancel | Mb::IconExclamation));
     QCOMPARE(afterCancel, QStringList({"10.0.0.0/8|say \"hi\"", "192.168.0.0/16|lab, west"}));
     QCOMPARE(afterOk, QStringList{"192.168.0.0/16|lab, west"});
     QCOMPARE(rowsOf(list), afterOk);
@@ -486,7 +486,7 @@ void tst_SubnetListDlg::ioErrorsOfferAbortRetryIgnore()
     QCOMPARE(boxes.size(), answers.size()); // one question per attempt
     for (const CRecordedCall& box : boxes) {
         QCOMPARE(box.text, kIoErrors);
-        QCOMPARE(box.style & Mb::ButtonMask, unsigned(Mb::AbortRetryIgnore));
+        QCOMPARE(box.style, unsigned(Mb::AbortRetryIgnore | Mb::IconExclamation));
     }
     QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files), QStringList()); // no stray temporary file
     FreeIp4SubnetList(list);

@@ -36,8 +36,6 @@ private Q_SLOTS:
     void screenshotRendersWithoutModalLoop();
     void driveTypeFromMountInfo_data();
     void driveTypeFromMountInfo();
-    void defaultMessageBoxIcons_data();
-    void defaultMessageBoxIcons();
 };
 
 // With no owner the dialog has no parent, and OK, Cancel and the close box answer 1, 2 and 2.
@@ -171,24 +169,6 @@ void tst_EntryFrame::driveTypeFromMountInfo()
     QCOMPARE(int(::driveTypeFromMountInfo(info, path)), expected);
 }
 
-// A box without an icon gets the question mark for Yes/No and the exclamation mark otherwise.
-void tst_EntryFrame::defaultMessageBoxIcons_data()
-{
-    QTest::addColumn<unsigned>("style");
-    QTest::addColumn<unsigned>("expected");
-    QTest::addRow("ok") << unsigned(Mb::Ok) << unsigned(Mb::Ok | Mb::IconExclamation);
-    QTest::addRow("yes no") << unsigned(Mb::YesNo) << unsigned(Mb::YesNo | Mb::IconQuestion);
-    QTest::addRow("given icon kept") << unsigned(Mb::OkCancel | Mb::IconStop) << unsigned(Mb::OkCancel | Mb::IconStop);
-    QTest::addRow("retry cancel") << unsigned(Mb::RetryCancel | Mb::DefButton2)
-                                  << unsigned(Mb::RetryCancel | Mb::DefButton2 | Mb::IconExclamation);
-}
-
-void tst_EntryFrame::defaultMessageBoxIcons()
-{
-    QFETCH(unsigned, style);
-    QFETCH(unsigned, expected);
-    QCOMPARE(effectiveMessageBoxStyle(style), expected);
-}
 
 QTEST_MAIN(tst_EntryFrame)
 #include "tst_entryframe.moc"
