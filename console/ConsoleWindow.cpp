@@ -68,12 +68,12 @@ bool isEmptyStore(_tMailServer* server)
 ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("ConsoleWindow"));
-    setWindowTitle(QStringLiteral("Velbrook Administration Console"));
+    setWindowTitle(tr("Velbrook Administration Console"));
     setWindowIcon(QIcon(QStringLiteral(":/tavidlg/velbrook-32.png")));
 
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
-    auto* serverBox = new QGroupBox(QStringLiteral("Server"), central);
+    auto* serverBox = new QGroupBox(tr("Server"), central);
     auto* form = new QFormLayout(serverBox);
     m_serverName = new QLabel(serverBox);
     m_serverName->setObjectName(QStringLiteral("lblServerName"));
@@ -84,12 +84,12 @@ ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
     m_location->setWordWrap(true);
     m_connector = new QLabel(serverBox);
     m_connector->setObjectName(QStringLiteral("lblConnector"));
-    form->addRow(QStringLiteral("Name:"), m_serverName);
-    form->addRow(QStringLiteral("Location:"), m_location);
-    form->addRow(QStringLiteral("Connector:"), m_connector);
+    form->addRow(tr("Name:"), m_serverName);
+    form->addRow(tr("Location:"), m_location);
+    form->addRow(tr("Connector:"), m_connector);
     layout->addWidget(serverBox);
 
-    auto* dialogsLabel = new QLabel(QStringLiteral("&Dialogs:"), central);
+    auto* dialogsLabel = new QLabel(tr("&Dialogs:"), central);
     m_dialogs = new QTreeWidget(central);
     m_dialogs->setObjectName(QStringLiteral("lstDialogs"));
     m_dialogs->setColumnCount(2);
@@ -102,7 +102,7 @@ ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
     dialogsLabel->setBuddy(m_dialogs);
     layout->addWidget(dialogsLabel);
     layout->addWidget(m_dialogs, 1);
-    m_open = new QPushButton(QStringLiteral("&Open..."), central);
+    m_open = new QPushButton(tr("&Open..."), central);
     m_open->setObjectName(QStringLiteral("btnOpen"));
     m_open->setEnabled(false);
     auto* buttons = new QHBoxLayout;
@@ -141,19 +141,19 @@ ConsoleWindow::~ConsoleWindow()
 
 void ConsoleWindow::buildMenus()
 {
-    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
-    QAction* open = file->addAction(QStringLiteral("&Open store..."), QKeySequence::Open, this, &ConsoleWindow::chooseStore);
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* open = file->addAction(tr("&Open store..."), QKeySequence::Open, this, &ConsoleWindow::chooseStore);
     open->setObjectName(QStringLiteral("actOpenStore"));
     file->addSeparator();
-    file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, &QWidget::close);
-    QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
-    view->addAction(QStringLiteral("&Refresh"), QKeySequence::Refresh, this, [this] {
+    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    view->addAction(tr("&Refresh"), QKeySequence::Refresh, this, [this] {
         refreshServer();
         refreshServices();
     });
-    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
-    help->addAction(QStringLiteral("&About"), this, [this] {
-        QMessageBox::about(this, QStringLiteral("About the console"),
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About"), this, [this] {
+        QMessageBox::about(this, tr("About the console"),
                            QStringLiteral("Velbrook Administration Console %1\n\nOpens the configuration dialogs "
                                           "of the TaviDlg library over one server's configuration store.")
                                .arg(QStringLiteral(TAVI_VERSION)));
@@ -193,7 +193,7 @@ bool ConsoleWindow::openStore(const QString& location, bool seedIfEmpty)
 void ConsoleWindow::chooseStore()
 {
     const QString current = m_server ? QString::fromUtf8(GetMailServerLocation(m_server)) : QString();
-    const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("Open a configuration store"),
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open a configuration store"),
                                                       QFileInfo(current).absolutePath(),
                                                       QStringLiteral("Configuration stores (*.db);;All files (*)"));
     if (file.isEmpty())
@@ -201,7 +201,7 @@ void ConsoleWindow::chooseStore()
     if (!openStore(file))
         report(m_error);
     else
-        m_status->setText(QStringLiteral("Opened %1").arg(QDir::toNativeSeparators(file)));
+        m_status->setText(tr("Opened %1").arg(QDir::toNativeSeparators(file)));
 }
 
 QString ConsoleWindow::takeUnsavedWrites()
@@ -296,16 +296,16 @@ bool ConsoleWindow::isAvailable(const DialogRow& row)
 void ConsoleWindow::refreshServer()
 {
     if (!m_server) {
-        m_serverName->setText(QStringLiteral("(no store open)"));
+        m_serverName->setText(tr("(no store open)"));
         m_location->clear();
         m_connector->clear();
-        setWindowTitle(QStringLiteral("Velbrook Administration Console"));
+        setWindowTitle(tr("Velbrook Administration Console"));
         return;
     }
     QString name = constant(m_server, "MachineName");
     if (name.isEmpty())
         name = QStringLiteral("(unknown)");
-    setWindowTitle(QStringLiteral("%1 - Velbrook Administration Console").arg(name));
+    setWindowTitle(tr("%1 - Velbrook Administration Console").arg(name));
     if (!IsLocalMachine(m_server))
         name += QStringLiteral(" (on another machine)");
     m_serverName->setText(name);
@@ -372,7 +372,7 @@ void ConsoleWindow::fillDialogList()
     m_dialogs->clear();
     if (!m_library.isLoaded() || !m_server) {
         m_open->setEnabled(false);
-        m_status->setText(!m_server ? QStringLiteral("No configuration store is open.")
+        m_status->setText(!m_server ? tr("No configuration store is open.")
                                     : m_error.isEmpty() ? QStringLiteral("The dialog library is not loaded.")
                                                         : QString(m_error).replace(QLatin1Char('\n'), QLatin1Char(' ')));
         return;
@@ -392,10 +392,10 @@ void ConsoleWindow::fillDialogList()
         // Every service of the server gets its own control dialog, with its state beside it.
         if (row.args == EntryArgs::ServiceControl) {
             for (const auto& [name, displayName] : services()) {
-                auto* item = new QTreeWidgetItem(group, {displayName + QStringLiteral(" service")});
+                auto* item = new QTreeWidgetItem(group, {displayName + tr(" service")});
                 item->setData(0, Qt::UserRole, QString::fromUtf8(row.entryPoint));
                 item->setData(0, Qt::UserRole + 1, name);
-                item->setToolTip(0, QStringLiteral("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
+                item->setToolTip(0, tr("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
                 ++count;
             }
             continue;
@@ -406,7 +406,7 @@ void ConsoleWindow::fillDialogList()
         ++count;
     }
     refreshServices();
-    m_status->setText(count == 1 ? QStringLiteral("1 dialog available")
+    m_status->setText(count == 1 ? tr("1 dialog available")
                                  : QStringLiteral("%1 dialogs available").arg(count));
     if (QTreeWidgetItem* first = m_dialogs->topLevelItemCount() ? m_dialogs->topLevelItem(0)->child(0) : nullptr)
         m_dialogs->setCurrentItem(first);
@@ -428,13 +428,13 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
         const int result = openDialog(row, QString(), item->data(0, Qt::UserRole + 1).toString());
         const QString what = item->text(0);
         if (result == 1)
-            m_status->setText(QStringLiteral("%1: closed with OK").arg(what));
+            m_status->setText(tr("%1: closed with OK").arg(what));
         else if (result == 2)
-            m_status->setText(QStringLiteral("%1: cancelled").arg(what));
+            m_status->setText(tr("%1: cancelled").arg(what));
         else if (result == -1)
-            m_status->setText(QStringLiteral("%1: the dialog could not be opened").arg(what));
+            m_status->setText(tr("%1: the dialog could not be opened").arg(what));
         else if (result != -100)
-            m_status->setText(QStringLiteral("%1: returned %2").arg(what).arg(result));
+            m_status->setText(tr("%1: returned %2").arg(what).arg(result));
         showUnsaved(what);
         refreshServer();
         refreshServices();
@@ -463,7 +463,7 @@ QString ConsoleWindow::askDomain(bool* ok)
         }
         CloseDomainEnumeration(e);
     }
-    return QInputDialog::getItem(this, QStringLiteral("Choose a domain"), QStringLiteral("&Domain:"), domains,
+    return QInputDialog::getItem(this, tr("Choose a domain"), tr("&Domain:"), domains,
                                  qMax(0, int(domains.indexOf(defaultDomain()))), true, ok);
 }
 
@@ -527,7 +527,7 @@ int ConsoleWindow::callEntry(const DialogRow& row, QFunctionPointer symbol, Tavi
     case EntryArgs::MailboxList: {
         const QString what = row.args == EntryArgs::MailList ? QStringLiteral("list") : QStringLiteral("mailbox");
         const QString name = interactive
-            ? QInputDialog::getText(this, QStringLiteral("Open a %1").arg(what),
+            ? QInputDialog::getText(this, tr("Open a %1").arg(what),
                                     QStringLiteral("&Name of the %1 (local part):").arg(what), QLineEdit::Normal,
                                     QString(), &ok)
             : QStringLiteral("postmaster");

@@ -18,7 +18,7 @@ CReminder::CReminder(QWidget* parent, unsigned messageId, const QString& remembe
       m_captionId(captionId)
 {
     setObjectName(QStringLiteral("CReminder"));
-    setWindowTitle(QStringLiteral("Reminder"));
+    setWindowTitle(tr("Reminder"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 
     m_icon = new QLabel(this);
@@ -30,7 +30,7 @@ CReminder::CReminder(QWidget* parent, unsigned messageId, const QString& remembe
     m_messageLabel->setWordWrap(true);
     m_messageLabel->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
     m_messageLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_dontShowCheck = new QCheckBox(QStringLiteral("&Don't show this dialog again"), this);
+    m_dontShowCheck = new QCheckBox(tr("&Don't show this dialog again"), this);
     m_dontShowCheck->setObjectName(QStringLiteral("chkDontShowAgain"));
 
     auto* box = new QDialogButtonBox(this);

@@ -7,7 +7,7 @@
 #include "config/MessageFormat.h"
 #include "entry/EntryFrame.h"
 #include "res/StringTable.h"
-#include "res/SubnetStrings.h"
+#include "res/SubnetStringIds.h"
 
 #include <QWidget>
 

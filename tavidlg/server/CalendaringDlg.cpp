@@ -17,16 +17,16 @@ constexpr unsigned long kRemitConfigured = 2;
 CCalendaringDlg::CCalendaringDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(parent, server)
 {
     setObjectName(QStringLiteral("CCalendaringDlg"));
-    setWindowTitle(QStringLiteral("Calendaring on %1!s!"));
+    setWindowTitle(tr("Calendaring on %1!s!"));
     m_mailServer.Wrap(server);
 
-    m_label = new QLabel(QStringLiteral("Configure Calendaring on this server"), this);
+    m_label = new QLabel(tr("Configure Calendaring on this server"), this);
     m_label->setObjectName(QStringLiteral("lblConfigure"));
-    m_onCheck = new QCheckBox(QStringLiteral("Enable Calendaring on this server"), this);
+    m_onCheck = new QCheckBox(tr("Enable Calendaring on this server"), this);
     m_onCheck->setObjectName(QStringLiteral("chkCalendarOn"));
-    m_allRadio = new QRadioButton(QStringLiteral("Enable for all mailboxes"), this);
+    m_allRadio = new QRadioButton(tr("Enable for all mailboxes"), this);
     m_allRadio->setObjectName(QStringLiteral("radAllMailboxes"));
-    m_configuredRadio = new QRadioButton(QStringLiteral("Enable for configured domains/mailboxes"), this);
+    m_configuredRadio = new QRadioButton(tr("Enable for configured domains/mailboxes"), this);
     m_configuredRadio->setObjectName(QStringLiteral("radConfigured"));
 
     auto* radios = new QVBoxLayout;

@@ -1,4 +1,5 @@
 #include "server/DirectoriesDlg.h"
+#include "res/ServerStringIds.h"
 
 #include "common/PlatformServices.h"
 #include "config/AccessLayer.h"
@@ -16,21 +17,21 @@
 
 namespace {
 constexpr unsigned kHelpContext = 2005;
-constexpr unsigned kNetworkDriveRefused = 55651;
+constexpr unsigned kNetworkDriveRefused = IDS_SERVER_LOCAL_OR_UNC_PATH;
 }
 
 CDirectoriesDlg::CDirectoriesDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(parent, server)
 {
     setObjectName(QStringLiteral("CDirectoriesDlg"));
-    setWindowTitle(QStringLiteral("Mail directory locations on %1"));
+    setWindowTitle(tr("Mail directory locations on %1"));
 
-    m_spoolLabel = new QLabel(QStringLiteral("Mail &spool directory:"), this);
+    m_spoolLabel = new QLabel(tr("Mail &spool directory:"), this);
     m_spoolLabel->setObjectName(QStringLiteral("lblMailSpoolDir"));
     m_spoolEdit = new QLineEdit(this);
     m_spoolEdit->setObjectName(QStringLiteral("edtMailSpoolDir"));
     m_spoolEdit->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
     m_spoolLabel->setBuddy(m_spoolEdit);
-    m_browseButton = new QPushButton(QStringLiteral("Browse..."), this);
+    m_browseButton = new QPushButton(tr("Browse..."), this);
     m_browseButton->setObjectName(QStringLiteral("btnBrowse"));
     m_browseButton->setAutoDefault(false);
     m_keepDeadCheck = new QCheckBox(
