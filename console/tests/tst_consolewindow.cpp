@@ -147,6 +147,23 @@ private slots:
         QVERIFY(findItem(QStringLiteral("SMTPRA Display service")));
     }
 
+    // A start still pending shows as such and is looked at again until it is done; then polling stops.
+    void pendingStateIsPolledUntilDone()
+    {
+        openWithServices("pending.db", {{"SMTPRA", VB_SERVICE_STOPPED}});
+        const uint32_t ms = 300;
+        QVERIFY(SetMailServerProperty(m_window->server(), "SMTPRA", VB_TYPE_DWORD, "PendingMilliseconds", &ms, 4));
+        QVERIFY(StartMailService(m_window->server(), "SMTPRA"));
+        m_window->refreshServices();
+        QTreeWidgetItem* item = findItem(QStringLiteral("SMTPRA Display service"));
+        QVERIFY(item);
+        QCOMPARE(item->text(1), QStringLiteral("Starting"));
+        auto* poll = m_window->findChild<QTimer*>();
+        QVERIFY(poll && poll->isActive());
+        QTRY_COMPARE_WITH_TIMEOUT(item->text(1), QStringLiteral("Running"), 5000);
+        QVERIFY(!poll->isActive());
+    }
+
     // The state column follows what the control dialog did, however the dialog was opened.
     void openingRefreshesTheState_data()
     {

@@ -293,3 +293,20 @@ TEST_F(StoreFaults, KeysOfAnOlderStoreAreRefolded)
     EXPECT_NE(d, nullptr);
     CloseDomain(d);
 }
+
+TEST_F(StoreFaults, NameLengthsAndLocalMachine)
+{
+    EXPECT_TRUE(setNumber(nullptr, std::string(255, 'n').c_str(), 1)) << "255 bytes";
+    EXPECT_FALSE(setNumber(nullptr, std::string(256, 'n').c_str(), 1)) << "256 bytes";
+    EXPECT_EQ(GetLastError(), VB_ERROR_INVALID_PARAMETER);
+    // A recorded machine name that differs from this host's only in letter case is this machine.
+    char host[256] = {};
+    ASSERT_EQ(::gethostname(host, sizeof host - 1), 0);
+    std::string upper = std::string(host).substr(0, std::string(host).find('.'));
+    for (char& c : upper)
+        c = char(std::toupper(static_cast<unsigned char>(c)));
+    ASSERT_TRUE(setText("Machine", "MachineName", upper));
+    EXPECT_EQ(IsLocalMachine(server), 1);
+    ASSERT_TRUE(setText("Machine", "MachineName", upper + "-elsewhere"));
+    EXPECT_EQ(IsLocalMachine(server), 0);
+}
