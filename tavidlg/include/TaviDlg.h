@@ -38,6 +38,8 @@ TAVIDLG_API int EditAgents(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditQuotas(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditCalendaring(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditTrafficCounters(TaviOwner owner, _tMailServer* server);
+/* The server's alias table (alias address or domain -> the address it stands for). */
+TAVIDLG_API int EditAliases(TaviOwner owner, _tMailServer* server);
 
 /* A server property that holds a list of IPv4 subnets with comments (a multi-string of elements such as
  * 10.0.0.0/8,"head office" or 10.0.0.0/8, as ServerStore.h documents; for example section "SMTPRA", name
@@ -56,12 +58,24 @@ TAVIDLG_API int ServiceControlDialog(TaviOwner owner, _tMailServer* server, cons
 TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
 
 /* Delivery schedules and routing. */
+/* The delivery retry schedule ("RetrySchedule"); an unchanged OK returns 2. */
+TAVIDLG_API int EditElapsedTimeSchedule(TaviOwner owner, _tMailServer* server);
+/* The weekday and weekend time-of-day schedules and the dial-up link's state. */
+TAVIDLG_API int EditDialupSchedule(TaviOwner owner, _tMailServer* server);
+/* Which domains use the retry schedule, and an immediate retry for chosen domains; an unchanged OK
+ * returns 2. */
+TAVIDLG_API int ScheduleManagementDialog(TaviOwner owner, _tMailServer* server);
+/* The manual route table; an untouched table is not rewritten and OK returns 2. */
+TAVIDLG_API int EditRoutes(TaviOwner owner, _tMailServer* server);
 
 /* Security: the security sheet, the server's address lists and the wireless carriers. */
 
 /* Protection wizards. */
 
 /* Domains. */
+/* The domain sheet on one domain; domain null or "" edits the server's default domain. A domain that
+ * cannot be opened is reported and 2 returned without a sheet. */
+TAVIDLG_API int EditDomain(TaviOwner owner, _tMailServer* server, const char* domain);
 
 /* Mailboxes. */
 
