@@ -72,6 +72,7 @@ private:
     int callEntry(const DialogRow& row, QFunctionPointer symbol, TaviOwner owner, bool interactive,
                   const QString& service);
     static constexpr int kRunScreenshot = 1;
+    QStringList mailingLists(const QString& domain) const;
     // The server's mail services: (name, "DisplayName" or the name when it has none), in list order.
     QList<QPair<QString, QString>> services() const;
 
