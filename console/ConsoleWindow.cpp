@@ -14,6 +14,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QStatusBar>
 #include <QTimer>
 #include <QTreeWidget>
@@ -32,7 +33,6 @@
 
 namespace {
 
-using TaviOwner = uintptr_t;
 using EntryNone = int (*)(TaviOwner, _tMailServer*);
 using EntryOne = int (*)(TaviOwner, _tMailServer*, const char*);
 using EntryTwo = int (*)(TaviOwner, _tMailServer*, const char*, const char*);
@@ -64,36 +64,17 @@ bool isEmptyStore(_tMailServer* server)
     return false;
 }
 
-// Sets an environment variable for one call.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* name, const QString& value) : m_name(name), m_active(!value.isEmpty())
-    {
-        if (m_active)
-            qputenv(m_name, value.toUtf8());
-    }
-    ~ScopedEnv()
-    {
-        if (m_active)
-            qunsetenv(m_name);
-    }
-
-private:
-    const char* m_name;
-    bool m_active;
-};
-
 } // namespace
 
 ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("ConsoleWindow"));
-    setWindowTitle(QStringLiteral("Velbrook Administration Console"));
+    setWindowTitle(tr("Velbrook Administration Console"));
     setWindowIcon(QIcon(QStringLiteral(":/tavidlg/velbrook-32.png")));
 
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
-    auto* serverBox = new QGroupBox(QStringLiteral("Server"), central);
+    auto* serverBox = new QGroupBox(tr("Server"), central);
     auto* form = new QFormLayout(serverBox);
     m_serverName = new QLabel(serverBox);
     m_serverName->setObjectName(QStringLiteral("lblServerName"));
@@ -104,12 +85,12 @@ ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
     m_location->setWordWrap(true);
     m_connector = new QLabel(serverBox);
     m_connector->setObjectName(QStringLiteral("lblConnector"));
-    form->addRow(QStringLiteral("Name:"), m_serverName);
-    form->addRow(QStringLiteral("Location:"), m_location);
-    form->addRow(QStringLiteral("Connector:"), m_connector);
+    form->addRow(tr("Name:"), m_serverName);
+    form->addRow(tr("Location:"), m_location);
+    form->addRow(tr("Connector:"), m_connector);
     layout->addWidget(serverBox);
 
-    auto* dialogsLabel = new QLabel(QStringLiteral("&Dialogs:"), central);
+    auto* dialogsLabel = new QLabel(tr("&Dialogs:"), central);
     m_dialogs = new QTreeWidget(central);
     m_dialogs->setObjectName(QStringLiteral("lstDialogs"));
     m_dialogs->setColumnCount(2);
@@ -122,7 +103,7 @@ ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
     dialogsLabel->setBuddy(m_dialogs);
     layout->addWidget(dialogsLabel);
     layout->addWidget(m_dialogs, 1);
-    m_open = new QPushButton(QStringLiteral("&Open..."), central);
+    m_open = new QPushButton(tr("&Open..."), central);
     m_open->setObjectName(QStringLiteral("btnOpen"));
     m_open->setEnabled(false);
     auto* buttons = new QHBoxLayout;
@@ -161,19 +142,19 @@ ConsoleWindow::~ConsoleWindow()
 
 void ConsoleWindow::buildMenus()
 {
-    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
-    QAction* open = file->addAction(QStringLiteral("&Open store..."), QKeySequence::Open, this, &ConsoleWindow::chooseStore);
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* open = file->addAction(tr("&Open store..."), QKeySequence::Open, this, &ConsoleWindow::chooseStore);
     open->setObjectName(QStringLiteral("actOpenStore"));
     file->addSeparator();
-    file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, &QWidget::close);
-    QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
-    view->addAction(QStringLiteral("&Refresh"), QKeySequence::Refresh, this, [this] {
+    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    view->addAction(tr("&Refresh"), QKeySequence::Refresh, this, [this] {
         refreshServer();
         refreshServices();
     });
-    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
-    help->addAction(QStringLiteral("&About"), this, [this] {
-        QMessageBox::about(this, QStringLiteral("About the console"),
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About"), this, [this] {
+        QMessageBox::about(this, tr("About the console"),
                            QStringLiteral("Velbrook Administration Console %1\n\nOpens the configuration dialogs "
                                           "of the TaviDlg library over one server's configuration store.")
                                .arg(QStringLiteral(TAVI_VERSION)));
@@ -213,7 +194,7 @@ bool ConsoleWindow::openStore(const QString& location, bool seedIfEmpty)
 void ConsoleWindow::chooseStore()
 {
     const QString current = m_server ? QString::fromUtf8(GetMailServerLocation(m_server)) : QString();
-    const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("Open a configuration store"),
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open a configuration store"),
                                                       QFileInfo(current).absolutePath(),
                                                       QStringLiteral("Configuration stores (*.db);;All files (*)"));
     if (file.isEmpty())
@@ -221,7 +202,47 @@ void ConsoleWindow::chooseStore()
     if (!openStore(file))
         report(m_error);
     else
-        m_status->setText(QStringLiteral("Opened %1").arg(QDir::toNativeSeparators(file)));
+        m_status->setText(tr("Opened %1").arg(QDir::toNativeSeparators(file)));
+}
+
+QString ConsoleWindow::takeUnsavedWrites()
+{
+    QStringList lines;
+    _tFailedWrite failed[32];
+    uint32_t count = 32;
+    while (m_server && TakeFailedMailServerWrites(m_server, failed, &count) && count) {
+        for (uint32_t i = 0; i < count; ++i) {
+            const _tFailedWrite& w = failed[i];
+            QString where = QString::fromUtf8(w.name);
+            if (w.section[0])
+                where = QString::fromUtf8(w.section) + QLatin1Char('\\') + where;
+            if (w.object[0])
+                where = tr("%1 of %2").arg(where, QString::fromUtf8(w.object));
+            char text[512] = {};
+            VbErrorText(w.error, text, sizeof text);
+            QString line = tr("%1: %2 (error %3)").arg(where, QString::fromUtf8(text)).arg(w.error);
+            if (w.more)
+                line += tr(", and %n more", nullptr, int(w.more));
+            lines.append(line);
+        }
+        count = 32;
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+void ConsoleWindow::showUnsaved(const QString& what)
+{
+    const QString unsaved = takeUnsavedWrites();
+    if (unsaved.isEmpty())
+        return;
+    m_status->setText(tr("%1: some changes were not saved").arg(what));
+    // Not modal to the application: the console stays usable while the message is read.
+    auto* box = new QMessageBox(QMessageBox::Warning, windowTitle(),
+                                tr("%1: these changes were not saved:").arg(what), QMessageBox::Ok, this);
+    box->setObjectName(QStringLiteral("msgUnsaved"));
+    box->setInformativeText(unsaved);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 void ConsoleWindow::report(const QString& message)
@@ -257,6 +278,17 @@ bool ConsoleWindow::loadLibrary(const QString& file)
     return loaded;
 }
 
+bool ConsoleWindow::setRunMode(int mode, const QString& screenshot)
+{
+    using SetRunMode = int (*)(int, const char*);
+    auto set = reinterpret_cast<SetRunMode>(m_library.isLoaded() ? m_library.resolve("TaviSetRunMode") : nullptr);
+    if (!set || !set(mode, screenshot.isEmpty() ? nullptr : screenshot.toUtf8().constData()))
+        return false;
+    if (mode != kRunScreenshot)
+        m_runMode = mode;
+    return true;
+}
+
 bool ConsoleWindow::isAvailable(const DialogRow& row)
 {
     return m_library.isLoaded() && m_library.resolve(row.entryPoint) != nullptr;
@@ -265,16 +297,16 @@ bool ConsoleWindow::isAvailable(const DialogRow& row)
 void ConsoleWindow::refreshServer()
 {
     if (!m_server) {
-        m_serverName->setText(QStringLiteral("(no store open)"));
+        m_serverName->setText(tr("(no store open)"));
         m_location->clear();
         m_connector->clear();
-        setWindowTitle(QStringLiteral("Velbrook Administration Console"));
+        setWindowTitle(tr("Velbrook Administration Console"));
         return;
     }
     QString name = constant(m_server, "MachineName");
     if (name.isEmpty())
         name = QStringLiteral("(unknown)");
-    setWindowTitle(QStringLiteral("%1 - Velbrook Administration Console").arg(name));
+    setWindowTitle(tr("%1 - Velbrook Administration Console").arg(name));
     if (!IsLocalMachine(m_server))
         name += QStringLiteral(" (on another machine)");
     m_serverName->setText(name);
@@ -341,7 +373,7 @@ void ConsoleWindow::fillDialogList()
     m_dialogs->clear();
     if (!m_library.isLoaded() || !m_server) {
         m_open->setEnabled(false);
-        m_status->setText(!m_server ? QStringLiteral("No configuration store is open.")
+        m_status->setText(!m_server ? tr("No configuration store is open.")
                                     : m_error.isEmpty() ? QStringLiteral("The dialog library is not loaded.")
                                                         : QString(m_error).replace(QLatin1Char('\n'), QLatin1Char(' ')));
         return;
@@ -370,10 +402,10 @@ void ConsoleWindow::fillDialogList()
                     properties = &other;
             }
             for (const auto& [name, displayName] : services()) {
-                auto* item = new QTreeWidgetItem(group, {displayName + QStringLiteral(" service")});
+                auto* item = new QTreeWidgetItem(group, {displayName + tr(" service")});
                 item->setData(0, Qt::UserRole, QString::fromUtf8(row.entryPoint));
                 item->setData(0, Qt::UserRole + 1, name);
-                item->setToolTip(0, QStringLiteral("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
+                item->setToolTip(0, tr("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
                 ++count;
                 if (properties) {
                     auto* child = new QTreeWidgetItem(item, {QStringLiteral("Properties...")});
@@ -392,7 +424,7 @@ void ConsoleWindow::fillDialogList()
         ++count;
     }
     refreshServices();
-    m_status->setText(count == 1 ? QStringLiteral("1 dialog available")
+    m_status->setText(count == 1 ? tr("1 dialog available")
                                  : QStringLiteral("%1 dialogs available").arg(count));
     if (QTreeWidgetItem* first = m_dialogs->topLevelItemCount() ? m_dialogs->topLevelItem(0)->child(0) : nullptr)
         m_dialogs->setCurrentItem(first);
@@ -410,6 +442,7 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
     for (const DialogRow& row : dialogTable()) {
         if (entry != QLatin1String(row.entryPoint))
             continue;
+        takeUnsavedWrites(); // what failed before the dialog is not the dialog's
         const QVariant service = item->data(0, Qt::UserRole + 1).isValid() ? item->data(0, Qt::UserRole + 1)
                                                                            : item->data(0, Qt::UserRole + 2);
         const int result = openDialog(row, QString(), service.toString());
@@ -418,13 +451,14 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
                                ? item->parent()->text(0) + QStringLiteral(" properties")
                                : item->text(0);
         if (result == 1)
-            m_status->setText(QStringLiteral("%1: closed with OK").arg(what));
+            m_status->setText(tr("%1: closed with OK").arg(what));
         else if (result == 2)
-            m_status->setText(QStringLiteral("%1: cancelled").arg(what));
+            m_status->setText(tr("%1: cancelled").arg(what));
         else if (result == -1)
-            m_status->setText(QStringLiteral("%1: the dialog could not be opened").arg(what));
+            m_status->setText(tr("%1: the dialog could not be opened").arg(what));
         else if (result != -100)
-            m_status->setText(QStringLiteral("%1: returned %2").arg(what).arg(result));
+            m_status->setText(tr("%1: returned %2").arg(what).arg(result));
+        showUnsaved(what);
         refreshServer();
         refreshServices();
         return;
@@ -456,8 +490,8 @@ QString ConsoleWindow::askDomain(bool* ok)
     const int defaultIndex = int(domains.indexOf(defaultDomain()));
     QStringList shown = domains;
     if (defaultIndex >= 0)
-        shown[defaultIndex] += QStringLiteral(" (default)");
-    const QString chosen = QInputDialog::getItem(this, QStringLiteral("Choose a domain"), QStringLiteral("&Domain:"),
+        shown[defaultIndex] += tr(" (default)");
+    const QString chosen = QInputDialog::getItem(this, tr("Choose a domain"), tr("&Domain:"),
                                                  shown, qMax(0, defaultIndex), false, ok);
     const qsizetype index = shown.indexOf(chosen);
     return index >= 0 ? domains.at(index) : QString();
@@ -510,7 +544,19 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
         return -100;
     const bool interactive = screenshot.isEmpty();
     const TaviOwner owner = interactive ? TaviOwner(winId()) : 0;
-    ScopedEnv shot("TAVI_SCREENSHOT", screenshot);
+    if (!interactive && !setRunMode(kRunScreenshot, screenshot))
+        return -1;
+    const auto restore = qScopeGuard([this, interactive] {
+        if (!interactive)
+            setRunMode(m_runMode);
+    });
+    const int result = callEntry(row, symbol, owner, interactive, service);
+    return result;
+}
+
+int ConsoleWindow::callEntry(const DialogRow& row, QFunctionPointer symbol, TaviOwner owner, bool interactive,
+                             const QString& service)
+{
     bool ok = true;
     switch (row.args) {
     case EntryArgs::None:
@@ -540,7 +586,7 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
     case EntryArgs::MailboxList: {
         const QString what = row.args == EntryArgs::MailList ? QStringLiteral("list") : QStringLiteral("mailbox");
         const QString name = interactive
-            ? QInputDialog::getText(this, QStringLiteral("Open a %1").arg(what),
+            ? QInputDialog::getText(this, tr("Open a %1").arg(what),
                                     QStringLiteral("&Name of the %1 (local part):").arg(what), QLineEdit::Normal,
                                     QString(), &ok)
             : QStringLiteral("postmaster");
@@ -606,8 +652,8 @@ int ConsoleWindow::renderAll(const QString& dir)
     using ShowReminder = int (*)(TaviOwner, unsigned, const char*, unsigned, unsigned);
     if (auto reminder = reinterpret_cast<ShowReminder>(m_library.resolve("ShowReminder"))) {
         const QString file = QDir(dir).filePath(QStringLiteral("ShowReminder.png"));
-        ScopedEnv shot("TAVI_SCREENSHOT", file);
-        const int result = reminder(0, 57404, "ServerAgentReminder", 57403, 49);
+        const int result = setRunMode(kRunScreenshot, file) ? reminder(0, 57404, "ServerAgentReminder", 57403, 49) : -1;
+        setRunMode(m_runMode);
         const bool saved = result != -1 && QFileInfo::exists(file);
         // A reminder this user silenced has no window to render.
         std::printf("%s %s\n", saved ? "rendered" : result == 1 ? "silenced" : "FAILED  ", qPrintable(file));

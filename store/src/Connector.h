@@ -146,6 +146,8 @@ public:
 
     virtual uint32_t getPassword(const ObjectRef& mailbox, std::string& sealed) = 0;
     virtual uint32_t setPassword(const ObjectRef& mailbox, std::string_view sealed) = 0;
+    // One sealed password of any mailbox (VB_ERROR_FILE_NOT_FOUND when none is stored).
+    virtual uint32_t anySealedPassword(std::string& sealed) = 0;
 
     virtual uint32_t synonymNames(int64_t domain, std::vector<std::string>& names) = 0;
     virtual uint32_t findSynonym(std::string_view synonym, ObjectRef& domain) = 0;

@@ -107,6 +107,7 @@ public:
     uint32_t firstObject(Kind k, int64_t p, ObjectRef& o) override { return m_inner->firstObject(k, p, o); }
     uint32_t getPassword(const ObjectRef& m, std::string& s) override { return m_inner->getPassword(m, s); }
     uint32_t setPassword(const ObjectRef& m, std::string_view s) override { return m_inner->setPassword(m, s); }
+    uint32_t anySealedPassword(std::string& s) override { return m_inner->anySealedPassword(s); }
     uint32_t synonymNames(int64_t d, std::vector<std::string>& n) override { return m_inner->synonymNames(d, n); }
     uint32_t findSynonym(std::string_view s, ObjectRef& d) override { return m_inner->findSynonym(s, d); }
     uint32_t createSynonym(int64_t d, std::string_view s) override { return m_inner->createSynonym(d, s); }

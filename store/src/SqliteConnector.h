@@ -37,7 +37,7 @@ private:
 
 class SqliteConnector final : public Connector {
 public:
-    static constexpr uint32_t kSchemaVersion = 1;
+    static constexpr uint32_t kSchemaVersion = 2;
 
     ~SqliteConnector() override;
     static std::unique_ptr<SqliteConnector> open(const std::string& path, uint32_t& error);
@@ -85,6 +85,7 @@ public:
 
     uint32_t getPassword(const ObjectRef& mailbox, std::string& sealed) override;
     uint32_t setPassword(const ObjectRef& mailbox, std::string_view sealed) override;
+    uint32_t anySealedPassword(std::string& sealed) override;
 
     uint32_t synonymNames(int64_t domain, std::vector<std::string>& names) override;
     uint32_t findSynonym(std::string_view synonym, ObjectRef& domain) override;
