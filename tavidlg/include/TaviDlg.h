@@ -61,11 +61,30 @@ TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
 
 /* Security: the security sheet, the server's address lists and the wireless carriers. */
 
+/* The e-mail address lists of the server ("Whitelist", "Blacklist", "PreferredSenders" and any others its
+ * "AddressListNames" names) in the list editor, with listName shown first (null or "": none). Each change
+ * is written on OK (after a question on switching lists). Returns 1 on OK, even when a save failed
+ * (the administrator was told), 2 on Cancel. */
+TAVIDLG_API int EditServerEmailAddressLists(TaviOwner owner, _tMailServer* server, const char* listName);
+/* The wireless carriers (id, name, SMS gateway domain) in the table the server property "MobileCarriers"
+ * names; ids stay stable across edits. */
+TAVIDLG_API int EditServerWirelessCarrierListManager(TaviOwner owner, _tMailServer* server);
+
 /* Protection wizards. */
 
 /* Domains. */
 
+/* A domain's e-mail address lists, as EditServerEmailAddressLists: the domain is opened for the call and
+ * closed after the editor, whatever it returned. domain: null or "" for the default domain. */
+TAVIDLG_API int EditDomainEmailAddressLists(TaviOwner owner, _tMailServer* server, const char* domain,
+                                            const char* listName);
+
 /* Mailboxes. */
+
+/* An open mailbox's e-mail address lists, as EditServerEmailAddressLists; the mailbox stays the caller's
+ * (the mailbox sheet passes its own, with "Whitelist", "Blacklist" or "PreferredSenders"). */
+TAVIDLG_API int EditMailboxEmailAddressLists(TaviOwner owner, _tMailServer* server, struct _tMailbox* mailbox,
+                                             const char* listName);
 
 /* Mailing lists. */
 
