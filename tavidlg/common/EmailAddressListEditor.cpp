@@ -623,10 +623,10 @@ void CEmailAddressEntryDlg::onOK()
     QString value = m_edit->text();
     QString reason;
     if (!NormaliseEmailAddressPattern(value, &reason)) {
-        taviMessageBox(TaviFormat(TaviString(IDS_ADDR_INVALID), {m_edit->text().trimmed(), reason}),
-                       Mb::Ok | Mb::IconExclamation);
         m_edit->setFocus();
         m_edit->selectAll();
+        taviMessageBox(TaviFormat(TaviString(IDS_ADDR_INVALID), {m_edit->text().trimmed(), reason}),
+                       Mb::Ok | Mb::IconExclamation);
         return;
     }
     m_value = value;

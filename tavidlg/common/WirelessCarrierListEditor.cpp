@@ -615,16 +615,17 @@ void CWirelessCarrierDlg::onOK()
     carrier.gateway = m_gateway->text();
     unsigned message = 0;
     if (!CheckWirelessCarrier(carrier, &message)) {
-        taviMessageBox(TaviString(message), Mb::Ok | Mb::IconExclamation);
+        // The field at fault has the focus while the message is up, and keeps it.
         QLineEdit* at = message == IDS_CARRIER_BAD_NAME ? m_name : m_gateway;
         at->setFocus();
         at->selectAll();
+        taviMessageBox(TaviString(message), Mb::Ok | Mb::IconExclamation);
         return;
     }
     if (m_nameTaken && m_nameTaken(carrier.name)) {
-        taviMessageBox(TaviFormat(TaviString(IDS_CARRIER_NAME_TAKEN), {carrier.name}), Mb::Ok | Mb::IconExclamation);
         m_name->setFocus();
         m_name->selectAll();
+        taviMessageBox(TaviFormat(TaviString(IDS_CARRIER_NAME_TAKEN), {carrier.name}), Mb::Ok | Mb::IconExclamation);
         return;
     }
     m_value = carrier;

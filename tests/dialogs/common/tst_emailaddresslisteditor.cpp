@@ -177,7 +177,7 @@ void tst_EmailAddressListEditor::badAddressRefusedInDialog()
                 QCOMPARE(m_platform->messages().size(), 1);
                 QVERIFY(m_platform->messages().first().startsWith(
                     QStringLiteral("\"jane doe@example\" is not an e-mail address or address pattern.")));
-                QCOMPARE(m_platform->calls().last().focus, QStringLiteral("edtAddress"));
+                QCOMPARE(add->focusWidget() ? add->focusWidget()->objectName() : QString(), QStringLiteral("edtAddress"));
                 Harness::clickButton(add, "btnCancel");
             });
         QCOMPARE(shown(d).size(), 2);
