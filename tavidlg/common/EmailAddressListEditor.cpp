@@ -22,12 +22,14 @@
 #include <velbrook/MailToolkit.h>
 #include <velbrook/ServerStore.h>
 
+#include <array>
+#include <string_view>
 #include <vector>
 
 namespace {
 
-constexpr unsigned kHelpContextEditor = 0x2790;
-constexpr unsigned kHelpContextEntry = 0x2791;
+constexpr unsigned kHelpContextEditor = 2190;
+constexpr unsigned kHelpContextEntry = 2191;
 constexpr qsizetype kMaxAddressLength = 254;
 constexpr qsizetype kMaxLocalLength = 64;
 constexpr qint64 kProgressIntervalMs = 40;
@@ -41,12 +43,23 @@ QString trText(const char* text)
     return QCoreApplication::translate("CEmailAddressListEditor", text);
 }
 
+// The characters an unquoted local part may hold (letters, digits and these), with the pattern's "*"
+// and "?" among them.
+constexpr std::string_view kLocalSpecials = "!#$%&'*+/=?^_`{|}~.-";
+
 bool isLocalChar(QChar c)
 {
-    if ((c >= QLatin1Char('a') && c <= QLatin1Char('z')) || (c >= QLatin1Char('0') && c <= QLatin1Char('9')))
-        return true;
-    // The characters an unquoted local part may hold, and the pattern's "*" and "?".
-    return QStringView(u"!#$%&'*+/=?^_`{|}~.-").contains(c);
+    static const auto table = [] {
+        std::array<bool, 128> t{};
+        for (char ch = 'a'; ch <= 'z'; ++ch)
+            t[std::size_t(ch)] = true;
+        for (char ch = '0'; ch <= '9'; ++ch)
+            t[std::size_t(ch)] = true;
+        for (char ch : kLocalSpecials)
+            t[std::size_t(ch)] = true;
+        return t;
+    }();
+    return c.unicode() < 128 && table[c.unicode()];
 }
 
 bool checkLocal(const QString& local, QString& reason)
@@ -172,12 +185,18 @@ bool NormaliseEmailAddressPattern(QString& text, QString* reason)
         ok = false;
     } else {
         const qsizetype at = t.lastIndexOf(QLatin1Char('@'));
-        if (at < 0) {
+        if (at < 0 && !t.contains(QLatin1Char('.'))) {
+            // A single word is neither an address nor a domain (and is how a file's header row looks).
+            why = trText("An address needs an \"@\"; a domain on its own needs at least one dot.");
+            ok = false;
+        } else if (at < 0) {
             // A bare domain stands for every sender of it.
             t = QStringLiteral("*@") + t;
         } else if (at == 0) {
             t.prepend(QLatin1Char('*'));
         }
+    }
+    if (ok) {
         const qsizetype split = t.lastIndexOf(QLatin1Char('@'));
         QString local = t.left(split);
         QString domain = t.mid(split + 1);

@@ -23,8 +23,8 @@
 
 namespace {
 
-constexpr unsigned kHelpContextEditor = 0x2792;
-constexpr unsigned kHelpContextEntry = 0x2793;
+constexpr unsigned kHelpContextEditor = 2192;
+constexpr unsigned kHelpContextEntry = 2193;
 constexpr qsizetype kMaxName = 64;
 const char* const kCarriersProperty = "MobileCarriers";
 const char* const kTableFileName = "MobileCarriers.txt";

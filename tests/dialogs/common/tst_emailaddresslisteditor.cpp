@@ -115,6 +115,7 @@ void tst_EmailAddressListEditor::normalised_data()
     QTest::addRow("international domain") << "info@bücher.example" << "info@xn--bcher-kva.example";
     QTest::addRow("plus and apostrophe") << "o'neil+tag@example.com" << "o'neil+tag@example.com";
     QTest::addRow("empty") << "   " << "";
+    QTest::addRow("single word") << "address" << "";
     QTest::addRow("two ats") << "a@b@example.com" << "";
     QTest::addRow("empty domain") << "jane@" << "";
     QTest::addRow("comma") << "a,b@example.com" << "";
