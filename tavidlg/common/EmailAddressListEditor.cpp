@@ -303,6 +303,10 @@ bool CEmailAddressListManager::loadItems(QStringList& items)
     if (!readOwnerProperty(name.constData(), bytes, type))
         return GetLastError() == VB_ERROR_FILE_NOT_FOUND; // a list never written is empty
     items = parseItems(bytes, type);
+    // Entries are kept in lower case; one stored otherwise by another tool is shown (and matched by
+    // the store, which ignores case) the same way.
+    for (QString& item : items)
+        item = item.toLower();
     return true;
 }
 

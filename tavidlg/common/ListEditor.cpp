@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -187,6 +188,12 @@ CListEditor::CListEditor(QWidget* parent, _tMailServer* server, CListManager* ma
     connect(m_export, &QPushButton::clicked, this, &CListEditor::onExport);
     connect(m_loadDefault, &QPushButton::clicked, this, &CListEditor::onLoadDefault);
     connect(m_entries, &QListView::doubleClicked, this, &CListEditor::onEdit);
+    // The Delete key in the list box does what the Delete button does, while the button is enabled.
+    auto* deleteKey = new QShortcut(QKeySequence::Delete, m_entries, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(deleteKey, &QShortcut::activated, this, [this] {
+        if (m_delete->isEnabled())
+            onDelete();
+    });
     connect(m_entries->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &CListEditor::onSelectionChanged);
 }

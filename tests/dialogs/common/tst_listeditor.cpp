@@ -201,6 +201,7 @@ private Q_SLOTS:
     void loadFailureLeavesNoList();
     void unreadableListNamesOfferRetry();
     void elementByElementSave();
+    void deleteKeyDeletesSelection();
     void rewriteAfterImport_data();
     void rewriteAfterImport();
     void saveRetryIgnoreAbort_data();
@@ -415,6 +416,20 @@ void tst_ListEditor::elementByElementSave()
     editor->memory()->log.clear();
     QVERIFY(editor->saveList());
     QCOMPARE(editor->memory()->log, QStringList());
+}
+
+void tst_ListEditor::deleteKeyDeletesSelection()
+{
+    auto editor = openEditor();
+    editor->show();
+    QVERIFY(QTest::qWaitForWindowActive(editor.get()));
+    selectRows(editor.get(), {1});
+    auto* view = Harness::control<QListView>(editor.get(), "lstEntries");
+    view->setFocus();
+    QTest::keyClick(view, Qt::Key_Delete);
+    QCOMPARE(shown(editor.get()), QStringList{"a"});
+    QVERIFY(editor->isModified());
+    editor->hide();
 }
 
 void tst_ListEditor::rewriteAfterImport_data()
