@@ -34,7 +34,6 @@ constexpr qsizetype kMaxAddressLength = 254;
 constexpr qsizetype kMaxLocalLength = 64;
 constexpr qint64 kProgressIntervalMs = 40;
 constexpr qint64 kReadChunk = 1 << 20;
-constexpr int kLinesListed = 20;
 
 const char* const kStandardLists = "Whitelist, Blacklist, PreferredSenders";
 
@@ -85,7 +84,7 @@ bool checkLocal(const QString& local, QString& reason)
     return true;
 }
 
-bool checkLabel(QStringView label)
+bool isDomainLabel(QStringView label)
 {
     if (label.isEmpty() || label.size() > 63 || label.startsWith(u'-') || label.endsWith(u'-'))
         return false;
@@ -128,7 +127,7 @@ bool checkDomain(QString& domain, QString& reason)
         // "*" may stand for the leading labels only: "*.example.com".
         if (labels[i] == u"*" && i == 0 && labels.size() > 1)
             continue;
-        if (!checkLabel(labels[i])) {
+        if (!isDomainLabel(labels[i])) {
             reason = badDomain;
             return false;
         }
@@ -168,6 +167,14 @@ QStringList parseItems(const QByteArray& bytes, uint32_t type)
 }
 
 } // namespace
+
+bool IsValidDomainName(QStringView domain)
+{
+    if (domain.isEmpty() || domain.size() > 253)
+        return false;
+    const QList<QStringView> labels = domain.split(u'.');
+    return std::all_of(labels.begin(), labels.end(), isDomainLabel);
+}
 
 bool NormaliseEmailAddressPattern(QString& text, QString* reason)
 {
@@ -540,17 +547,6 @@ ReadOutcome readAddressFile(QWidget* owner, const QString& path, AddressFileRead
     return ReadOutcome::Complete;
 }
 
-QString listedLines(const QList<qint64>& lines)
-{
-    QStringList shown;
-    for (qsizetype i = 0; i < lines.size() && i < kLinesListed; ++i)
-        shown.append(QString::number(lines[i]));
-    QString text = shown.join(QStringLiteral(", "));
-    if (lines.size() > kLinesListed)
-        text = TaviFormat(TaviString(IDS_LIST_IMPORT_MORE_LINES), {text, QString::number(lines.size() - kLinesListed)});
-    return text;
-}
-
 } // namespace
 
 bool CEmailAddressListEditor::importFile(const QString& path)
@@ -571,14 +567,9 @@ bool CEmailAddressListEditor::importFile(const QString& path)
             return false;
         }
     }
-    if (!reader.badLines.isEmpty()) {
-        const QString text = TaviFormat(TaviString(IDS_LIST_IMPORT_BAD_ROWS),
-                                        {QString::number(reader.badLines.size()), listedLines(reader.badLines),
-                                         QString::number(reader.accepted.size())});
-        if (taviMessageBox(text, Mb::OkCancel | Mb::IconExclamation) != Id::Ok) {
-            SetLastError(0);
-            return false;
-        }
+    if (!confirmBadRows(reader.badLines, reader.accepted.size())) {
+        SetLastError(0);
+        return false;
     }
     // The file's entries join the list; those already in it (or repeated in the file) are kept once.
     std::size_t added = 0;
@@ -603,14 +594,7 @@ bool CEmailAddressListEditor::exportFile(const QString& path)
             text.append('\n');
         }
     }
-    for (;;) {
-        QSaveFile file(path);
-        // The old file is replaced only by a complete new one.
-        if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
-            return true;
-        if (taviMessageBox(TaviString(IDS_LIST_IO_ERRORS), Mb::RetryCancel | Mb::IconExclamation) != Id::Retry)
-            return false;
-    }
+    return writeFile(path, text);
 }
 
 // ---- the Add and Edit dialog --------------------------------------------------------------------

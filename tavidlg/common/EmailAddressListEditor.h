@@ -26,6 +26,8 @@
 // bare domain made "*@domain", an international domain name in its ASCII form). False, with a
 // sentence saying what is wrong in reason (when not null), for anything else.
 TAVI_EXPORT bool NormaliseEmailAddressPattern(QString& text, QString* reason = nullptr);
+// A lower-case ASCII domain name: dot-separated labels of letters, digits and inner hyphens.
+TAVI_EXPORT bool IsValidDomainName(QStringView domain);
 
 class TAVI_EXPORT CEmailAddressListManager : public CListManager {
 public:

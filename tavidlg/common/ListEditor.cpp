@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+#include <QSaveFile>
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -412,11 +413,13 @@ CListElement* CListEditor::newElement()
         return nullptr;
     if (!normalise(text))
         return nullptr;
-    std::unique_ptr<CListElement> element = makeElement(text, true);
+    return insertNew(makeElement(text, true));
+}
+
+CListElement* CListEditor::insertNew(std::unique_ptr<CListElement> element)
+{
     CListElement* raw = element.get();
-    if (!insertElement(std::move(element)))
-        return nullptr;
-    return raw;
+    return insertElement(std::move(element)) ? raw : nullptr;
 }
 
 CListElement* CListEditor::editElement(const QString& oldText)
@@ -437,11 +440,35 @@ CListElement* CListEditor::editElement(const QString& oldText)
     }
     if (!removeElement(oldText))
         return nullptr;
-    std::unique_ptr<CListElement> element = makeElement(text, true);
-    CListElement* raw = element.get();
-    if (!insertElement(std::move(element)))
-        return nullptr;
-    return raw;
+    return insertNew(makeElement(text, true));
+}
+
+bool CListEditor::confirmBadRows(const QList<qint64>& lines, std::size_t accepted)
+{
+    if (lines.isEmpty())
+        return true;
+    constexpr qsizetype kListed = 20;
+    QStringList shown;
+    for (qsizetype i = 0; i < lines.size() && i < kListed; ++i)
+        shown.append(QString::number(lines[i]));
+    QString listed = shown.join(QStringLiteral(", "));
+    if (lines.size() > kListed)
+        listed = TaviFormat(TaviString(IDS_LIST_IMPORT_MORE_LINES), {listed, QString::number(lines.size() - kListed)});
+    const QString text = TaviFormat(TaviString(IDS_LIST_IMPORT_BAD_ROWS),
+                                    {QString::number(lines.size()), listed, QString::number(accepted)});
+    return taviMessageBox(text, Mb::OkCancel | Mb::IconExclamation) == Id::Ok;
+}
+
+bool CListEditor::writeFile(const QString& path, const QByteArray& text)
+{
+    for (;;) {
+        // The old file is replaced only by a complete new one.
+        QSaveFile file(path);
+        if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
+            return true;
+        if (taviMessageBox(TaviString(IDS_LIST_IO_ERRORS), Mb::RetryCancel | Mb::IconExclamation) != Id::Retry)
+            return false;
+    }
 }
 
 bool CListEditor::loadDefault()

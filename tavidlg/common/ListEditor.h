@@ -82,6 +82,12 @@ protected:
     // For concrete editors: the set they fill, flags, and the list box's refill.
     CListElementSet& mutableElements() { return m_elements; }
     bool insertElement(std::unique_ptr<CListElement> element);
+    // Inserts and returns the element, or null (the last error 183 for a duplicate).
+    CListElement* insertNew(std::unique_ptr<CListElement> element);
+    // After an import with refused rows: names their lines and asks whether to keep the accepted ones.
+    bool confirmBadRows(const QList<qint64>& lines, std::size_t accepted);
+    // Writes an export file whole (never half), offering Retry when it cannot be written.
+    bool writeFile(const QString& path, const QByteArray& text);
     void markModified(bool rewrite);
     void refill();
     QPushButton* loadDefaultButton() const { return m_loadDefault; }

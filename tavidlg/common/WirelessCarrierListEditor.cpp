@@ -1,5 +1,6 @@
 #include "common/WirelessCarrierListEditor.h"
 
+#include "common/EmailAddressListEditor.h"
 #include "common/PlatformServices.h"
 #include "common/SubnetCsv.h"
 #include "config/AccessLayer.h"
@@ -47,19 +48,8 @@ bool splitDisplayText(const QString& text, CWirelessCarrier& carrier)
 
 bool validGateway(const QString& domain)
 {
-    const QStringList labels = domain.split(QLatin1Char('.'));
-    if (labels.size() < 2 || domain.size() > 253)
-        return false;
-    for (const QString& label : labels) {
-        if (label.isEmpty() || label.size() > 63 || label.startsWith(QLatin1Char('-')) || label.endsWith(QLatin1Char('-')))
-            return false;
-        for (const QChar c : label) {
-            if (!((c >= QLatin1Char('a') && c <= QLatin1Char('z')) || (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
-                  || c == QLatin1Char('-')))
-                return false;
-        }
-    }
-    return true;
+    // A gateway is a real domain: at least two labels.
+    return domain.contains(QLatin1Char('.')) && IsValidDomainName(domain);
 }
 
 class CCarrierElement : public CListElement {
@@ -511,7 +501,7 @@ bool CWirelessCarrierListEditor::importFile(const QString& path)
     // row that is not a carrier is a header.
     const QList<QByteArray> lines = file.readAll().split('\n');
     QList<CWirelessCarrier> accepted;
-    QStringList badLines;
+    QList<qint64> badLines;
     qint64 number = 0;
     bool seenContent = false;
     for (QByteArray line : lines) {
@@ -538,17 +528,12 @@ bool CWirelessCarrierListEditor::importFile(const QString& path)
         if ((fields.size() == 2 || fields.size() == 3) && CheckWirelessCarrier(c)) {
             accepted.append(c);
         } else if (!first) {
-            badLines.append(QString::number(number));
+            badLines.append(number);
         }
     }
-    if (!badLines.isEmpty()) {
-        const QString text = TaviFormat(TaviString(IDS_LIST_IMPORT_BAD_ROWS),
-                                        {QString::number(badLines.size()), badLines.mid(0, 20).join(QStringLiteral(", ")),
-                                         QString::number(accepted.size())});
-        if (taviMessageBox(text, Mb::OkCancel | Mb::IconExclamation) != Id::Ok) {
-            SetLastError(0);
-            return false;
-        }
+    if (!confirmBadRows(badLines, std::size_t(accepted.size()))) {
+        SetLastError(0);
+        return false;
     }
     int added = 0;
     for (CWirelessCarrier c : std::as_const(accepted)) {
@@ -571,13 +556,7 @@ bool CWirelessCarrierListEditor::exportFile(const QString& path)
         name.replace(QLatin1Char('"'), QStringLiteral("\"\""));
         text += QByteArray::number(c.id) + ",\"" + name.toUtf8() + "\"," + c.gateway.toUtf8() + '\n';
     }
-    for (;;) {
-        QSaveFile file(path);
-        if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
-            return true;
-        if (taviMessageBox(TaviString(IDS_LIST_IO_ERRORS), Mb::RetryCancel | Mb::IconExclamation) != Id::Retry)
-            return false;
-    }
+    return writeFile(path, text);
 }
 
 // ---- the Add and Edit dialog --------------------------------------------------------------------
