@@ -431,8 +431,15 @@ QString ConsoleWindow::askDomain(bool* ok)
         }
         CloseDomainEnumeration(e);
     }
-    return QInputDialog::getItem(this, QStringLiteral("Choose a domain"), QStringLiteral("&Domain:"), domains,
-                                 qMax(0, int(domains.indexOf(defaultDomain()))), true, ok);
+    // A plain choice among the store's domains; the default one is marked and chosen at first.
+    const int defaultIndex = int(domains.indexOf(defaultDomain()));
+    QStringList shown = domains;
+    if (defaultIndex >= 0)
+        shown[defaultIndex] += QStringLiteral(" (default)");
+    const QString chosen = QInputDialog::getItem(this, QStringLiteral("Choose a domain"), QStringLiteral("&Domain:"),
+                                                 shown, qMax(0, defaultIndex), false, ok);
+    const qsizetype index = shown.indexOf(chosen);
+    return index >= 0 ? domains.at(index) : QString();
 }
 
 QList<QPair<QString, QString>> ConsoleWindow::services() const

@@ -179,6 +179,26 @@ bool seedRoutes(_tMailServer* s)
     return ok;
 }
 
+// The server's alias table: a retired domain and two addresses kept after people moved.
+bool seedAliasMapping(_tMailServer* s)
+{
+    const char* const rows[][2] = {{"old-brennoway.example", "brennoway.example"},
+                                   {"sales@old-brennoway.example", "orders@sales.brennoway.example"},
+                                   {"abuse", "postmaster@brennoway.example"}};
+    _tAliasMapping* first = nullptr;
+    _tAliasMapping** tail = &first;
+    for (const auto& row : rows) {
+        if (!(*tail = AllocAliasMapping(row[0], row[1]))) {
+            FreeAliasMapping(first);
+            return false;
+        }
+        tail = &(*tail)->next;
+    }
+    const bool ok = SaveAliasMapping(s, first) != 0;
+    FreeAliasMapping(first);
+    return ok;
+}
+
 } // namespace
 
 
@@ -245,7 +265,12 @@ bool seedDomain(_tMailServer* s, const DemoDomain& dd)
               && setDomainNumber(d, "QuotaTrigger", 0xFFFFFFFFu) && setDomainNumber(d, "QuotaDefaultLimit", 102400)
               && setDomainNumber(d, "QuotaDefaultTrigger", 92160) && setDomainNumber(d, "QuotaRealTime", 0)
               && setDomainNumber(d, "MultiLevelMailboxDirs", 0) && setDomainNumber(d, "CalendarRemit", 2)
-              && setDomainNumber(d, "QuotaMsgSize", 48211) && setDomainNumber(d, "QuotaNoMsgs", 1204);
+              && setDomainNumber(d, "QuotaMsgSize", 48211) && setDomainNumber(d, "QuotaNoMsgs", 1204)
+              && setDomainNumber(d, "StatisticsDate", uint32_t(std::time(nullptr)) - 86400u * 9)
+              && setDomainNumber(d, "RCPTCommands", 2211) && setDomainNumber(d, "SMTPBytesReceived", 18420331)
+              && setDomainNumber(d, "SMTPBytesSent", 9120442) && setDomainNumber(d, "SMTPBytesRelayed", 1203311)
+              && setDomainNumber(d, "IMAPBytesSent", 15022331) && setDomainNumber(d, "IMAPBytesReceived", 120331)
+              && setDomainNumber(d, "POPBytesSent", 827430) && setDomainNumber(d, "POPBytesReceived", 1200);
     if (ok && *dd.ipAddress)
         ok = setDomainText(d, "IpAddress", dd.ipAddress);
     CloseDomain(d);
@@ -315,5 +340,5 @@ bool vbSeedDemoObjects(_tMailServer* server)
     for (const DemoDomain& d : kDomains)
         if (!seedDomain(server, d))
             return false;
-    return seedRoutes(server) && seedAddressLists(server);
+    return seedRoutes(server) && seedAliasMapping(server) && seedAddressLists(server);
 }

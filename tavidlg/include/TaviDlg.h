@@ -41,6 +41,8 @@ TAVIDLG_API int EditAgents(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditQuotas(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditCalendaring(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditTrafficCounters(TaviOwner owner, _tMailServer* server);
+/* The server's alias table (alias address or domain -> the address it stands for). */
+TAVIDLG_API int EditAliases(TaviOwner owner, _tMailServer* server);
 
 /* A server property that holds a list of IPv4 subnets with comments (a multi-string of lines such as
  * 10.0.0.0/8,"head office"; for example section "SMTPRA", name "TrustedSubnets"): opens the subnet list
@@ -73,6 +75,9 @@ TAVIDLG_API int EditServerWirelessCarrierListManager(TaviOwner owner, _tMailServ
 /* Protection wizards. */
 
 /* Domains. */
+/* The domain sheet on one domain; domain null or "" edits the server's default domain. A domain that
+ * cannot be opened is reported and 2 returned without a sheet. */
+TAVIDLG_API int EditDomain(TaviOwner owner, _tMailServer* server, const char* domain);
 
 /* A domain's e-mail address lists, as EditServerEmailAddressLists: the domain is opened for the call and
  * closed after the editor, whatever it returned. domain: null or "" for the default domain. */
