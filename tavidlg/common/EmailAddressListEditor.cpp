@@ -543,7 +543,9 @@ ReadOutcome readAddressFile(QWidget* owner, const QString& path, AddressFileRead
     if (file.error() != QFileDevice::NoError)
         return ReadOutcome::Failed;
     reader.finish();
-    progress->setProgress(done, std::max(total, done));
+    // A Cancel pressed while the last slice was read still cancels.
+    if (!progress->setProgress(done, std::max(total, done)))
+        return ReadOutcome::Cancelled;
     return ReadOutcome::Complete;
 }
 
