@@ -85,7 +85,7 @@ int main(int argc, char** argv)
         reopened = editor.elements().size();
     }
     std::printf("%d addresses: std::set insert %.1f ms; editor import %.1f ms (ratio %.1f), save %.1f ms "
-                "(ratio %.1f), open %.1f ms (ratio %.1f); progress reports %d\n",
+                "(ratio %.1f), open %.1f ms (ratio %.1f); progress dialogs shown %d\n",
                 count, setMs, importMs, importMs / setMs, saveMs, saveMs / setMs, openMs, openMs / setMs,
                 int(platform.callsOf(QStringLiteral("progress")).size()));
     if (imported != std::size_t(count) || reopened != std::size_t(count)) {
