@@ -25,6 +25,7 @@
 #include <velbrook/DomainStore.h>
 #include <velbrook/ListStore.h>
 #include <velbrook/MailToolkit.h>
+#include <velbrook/MailboxStore.h>
 #include <velbrook/ServerStore.h>
 
 #include <cstdint>
@@ -37,6 +38,7 @@ using EntryNone = int (*)(TaviOwner, _tMailServer*);
 using EntryOne = int (*)(TaviOwner, _tMailServer*, const char*);
 using EntryTwo = int (*)(TaviOwner, _tMailServer*, const char*, const char*);
 using EntrySubnetList = int (*)(TaviOwner, _tMailServer*, const char*, const char*, unsigned);
+using EntryMailboxList = int (*)(TaviOwner, _tMailServer*, _tMailbox*, const char*);
 using EntryLogFlags = int (*)(TaviOwner, _tMailServer*, const char*, uint32_t*, uint32_t);
 
 QString constant(_tMailServer* server, const char* name)
@@ -593,6 +595,16 @@ int ConsoleWindow::callEntry(const DialogRow& row, QFunctionPointer symbol, Tavi
         if (!ok)
             return -100;
         const QByteArray first = name.toUtf8(), second = defaultDomain().toUtf8();
+        if (row.args == EntryArgs::MailboxList) {
+            // The address lists' editor works on a mailbox its caller has open, as the mailbox sheet has.
+            const QByteArray address = first + '@' + second;
+            _tMailbox* mailbox = OpenMailbox(m_server, address.constData());
+            if (!mailbox)
+                return -1;
+            const int result = reinterpret_cast<EntryMailboxList>(symbol)(owner, m_server, mailbox, "Blacklist");
+            CloseMailbox(mailbox);
+            return result;
+        }
         return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, first.constData(), second.constData());
     }
     case EntryArgs::Service: {

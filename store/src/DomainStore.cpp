@@ -1,5 +1,6 @@
 // Domains: properties, enumeration, synonyms, aliases and counts.
 #include <algorithm>
+#include <unordered_set>
 #include <atomic>
 #include <cstring>
 
@@ -113,14 +114,13 @@ static int setObjectPropertyNow(OpenObject& o, const char* operation, uint32_t t
         return failWith(e);
     if (v.type == VB_TYPE_MULTI_STRING) {
         // The store keeps one element per name without regard to case.
+        // A hash set of the folded keys keeps a list of 100 000 elements linear.
         std::vector<std::string> unique;
-        std::vector<std::string> keys;
+        std::unordered_set<std::string> keys;
+        keys.reserve(v.items.size());
         for (const std::string& item : v.items) {
-            const std::string k = fold(item);
-            if (std::find(keys.begin(), keys.end(), k) == keys.end()) {
-                keys.push_back(k);
+            if (keys.insert(fold(item)).second)
                 unique.push_back(item);
-            }
         }
         v.items = std::move(unique);
     }

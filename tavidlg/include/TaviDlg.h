@@ -105,6 +105,15 @@ TAVIDLG_API int EditRoutes(TaviOwner owner, _tMailServer* server);
 /* The security sheet: authentication and lockout, anti-spam, directory harvest attack protection, TLS. */
 TAVIDLG_API int EditSecurity(TaviOwner owner, _tMailServer* server);
 
+/* The e-mail address lists of the server ("Whitelist", "Blacklist", "PreferredSenders" and any others its
+ * "AddressListNames" names) in the list editor, with listName shown first (null or "": none). Each change
+ * is written on OK (after a question on switching lists). Returns 1 on OK, even when a save failed
+ * (the administrator was told), 2 on Cancel. */
+TAVIDLG_API int EditServerEmailAddressLists(TaviOwner owner, _tMailServer* server, const char* listName);
+/* The wireless carriers (id, name, SMS gateway domain) in the table the server property "MobileCarriers"
+ * names; ids stay stable across edits. */
+TAVIDLG_API int EditServerWirelessCarrierListManager(TaviOwner owner, _tMailServer* server);
+
 /* Protection wizards. */
 TAVIDLG_API int AntiSpamWizard(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int AntiRelayWizard(TaviOwner owner, _tMailServer* server);
@@ -115,7 +124,17 @@ TAVIDLG_API int AntiDoSWizard(TaviOwner owner, _tMailServer* server);
  * cannot be opened is reported and 2 returned without a sheet. */
 TAVIDLG_API int EditDomain(TaviOwner owner, _tMailServer* server, const char* domain);
 
+/* A domain's e-mail address lists, as EditServerEmailAddressLists: the domain is opened for the call and
+ * closed after the editor, whatever it returned. domain: null or "" for the default domain. */
+TAVIDLG_API int EditDomainEmailAddressLists(TaviOwner owner, _tMailServer* server, const char* domain,
+                                            const char* listName);
+
 /* Mailboxes. */
+
+/* An open mailbox's e-mail address lists, as EditServerEmailAddressLists; the mailbox stays the caller's
+ * (the mailbox sheet passes its own, with "Whitelist", "Blacklist" or "PreferredSenders"). */
+TAVIDLG_API int EditMailboxEmailAddressLists(TaviOwner owner, _tMailServer* server, struct _tMailbox* mailbox,
+                                             const char* listName);
 
 /* Mailing lists. */
 /* The mailing-list sheet of one list; a null or empty domain means the server's default domain. */

@@ -38,7 +38,9 @@ VB_STORE_API int GetMailboxProperty(_tMailbox* mailbox, const char* name, void* 
                                     uint32_t* type);
 VB_STORE_API int SetMailboxProperty(_tMailbox* mailbox, uint32_t type, const char* name, const void* data,
                                     uint32_t size);
-/* List properties such as "NoReplyTo", "Whitelist", "Blacklist", "PreferredSenders". */
+/* List properties such as "NoReplyTo", and the e-mail address lists "Whitelist", "Blacklist",
+ * "PreferredSenders" (and those the mailbox's text property "AddressListNames" names), each element a
+ * lower-case address or pattern. Writing a list property with type 7 replaces it whole. */
 VB_STORE_API int LookupMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);
 VB_STORE_API int AddToMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);
 VB_STORE_API int RemoveFromMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);

@@ -72,7 +72,14 @@ VB_STORE_API int EnumMailServerSections(_tMailServer* server, char* buffer, uint
  * property with GetMailServerProperty yields a multi-string (type 7) in insertion order; writing it
  * with type 7 replaces the whole list. Elements compare without regard to ASCII case.
  * Lookup: non-zero when present (last error VB_ERROR_NOT_FOUND otherwise).
- * AddTo: VB_ERROR_ALREADY_EXISTS when present.  RemoveFrom: VB_ERROR_NOT_FOUND when absent. */
+ * AddTo: VB_ERROR_ALREADY_EXISTS when present.  RemoveFrom: VB_ERROR_NOT_FOUND when absent.
+ *
+ * E-mail address lists of the server: list properties of section "AddressLists" named after the list
+ * ("Whitelist", "Blacklist", "PreferredSenders"), lower-case addresses or patterns ("*@example.com");
+ * the text property "AddressListNames" of that section, when present, names the known lists (separated
+ * by ", ;"). Domains and mailboxes keep theirs the same way as their own list properties.
+ * "MobileCarriers" (no section, text): the path of the wireless carrier table, a file of
+ * "id<TAB>name" lines that CIdToStringMap::Load reads. */
 VB_STORE_API int LookupMailServerListProperty(_tMailServer* server, const char* section,
                                               const char* name, const char* element);
 VB_STORE_API int AddToMailServerListProperty(_tMailServer* server, const char* section,
