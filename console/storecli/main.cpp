@@ -15,6 +15,9 @@ namespace {
 const char kUsage[] =
     "usage: velbrook-store [--store PATH] COMMAND [ARGS]\n"
     "  create                          create the store (with its schema) if it does not exist\n"
+    "  create --demo-size N [--domain D]  also write the demonstration configuration (into a store\n"
+    "                                  without settings) and a domain D (default large.example)\n"
+    "                                  with N mailboxes, in one transaction\n"
     "  seed                            write the demonstration configuration\n"
     "  get [--section S] NAME          print a property (numbers in decimal, lists one per line)\n"
     "  set [--section S] NAME VALUE    write text; --number writes a number, --list a comma-separated list\n"
@@ -118,6 +121,22 @@ const char* stateName(uint32_t state)
     return state <= 7 ? names[state] : "unknown";
 }
 
+// Shows how far a long seeding got, on one line of the terminal.
+int showProgress(void*, uint32_t done, uint32_t total)
+{
+    std::fprintf(stderr, "\r%u of %u mailboxes", done, total);
+    if (done == total)
+        std::fputc('\n', stderr);
+    return 1;
+}
+
+bool hasSettings(_tMailServer* s)
+{
+    char buffer[4] = {};
+    uint32_t size = sizeof buffer;
+    return !EnumMailServerProperties(s, nullptr, buffer, &size) || buffer[0] != '\0';
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -130,6 +149,7 @@ int main(int argc, char** argv)
                                    "--imap-received", "--pop-sent", "--pop-received"};
     uint32_t thresholds[7] = {};
     std::string domain;
+    std::string demoSize;
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
         auto next = [&](std::string& out) {
@@ -160,6 +180,8 @@ int main(int argc, char** argv)
             hasSection = true;
         } else if (a == "--domain")
             next(domain);
+        else if (a == "--demo-size")
+            next(demoSize);
         else if (a == "--all")
             all = true;
         else if (a == "--number")
@@ -184,7 +206,19 @@ int main(int argc, char** argv)
         return failure("cannot open the store");
     int rc = 0;
     if (command == "create") {
-        std::printf("%s\n", GetMailServerLocation(s));
+        uint32_t size = 0;
+        if (!demoSize.empty() && !parseNumber(demoSize.c_str(), size)) {
+            std::fprintf(stderr, "velbrook-store: --demo-size: not a number: %s\n", demoSize.c_str());
+            rc = 2;
+        } else if (!demoSize.empty()) {
+            const std::string name = domain.empty() ? "large.example" : domain;
+            if (!hasSettings(s) && !VbSeedDemoConfiguration(s))
+                rc = failure("seed");
+            else if (!VbSeedLargeDemoDomain(s, name.c_str(), size, showProgress, nullptr))
+                rc = failure(name.c_str());
+        }
+        if (!rc)
+            std::printf("%s\n", GetMailServerLocation(s));
     } else if (command == "seed") {
         if (!VbSeedDemoConfiguration(s))
             rc = failure("seed");
