@@ -10,6 +10,7 @@
 
 #include <velbrook/StoreBase.h>
 
+class HealthPanel;
 class QLabel;
 class QPushButton;
 class QTimer;
@@ -72,4 +73,5 @@ private:
     QTreeWidget* m_dialogs = nullptr;
     QPushButton* m_open = nullptr;
     QTimer* m_pendingPoll = nullptr;
+    HealthPanel* m_health = nullptr;
 };

@@ -276,8 +276,13 @@ CREATE TABLE alias_mapping(seq INTEGER PRIMARY KEY, alias TEXT NOT NULL, target 
 CREATE TABLE retry_request(id INTEGER PRIMARY KEY, name TEXT NOT NULL, requested INTEGER NOT NULL);
 )SQL";
 
+// Numbers by property name and value: the largest mailboxes without reading every mailbox.
+static const char* const kSchemaV2 = R"SQL(
+CREATE INDEX IF NOT EXISTS property_number ON property(name_key, value) WHERE type = 4;
+)SQL";
+
 // Schema steps: kMigrations[i] takes a store from version i to version i + 1.
-static const char* const kMigrations[] = {kSchemaV1};
+static const char* const kMigrations[] = {kSchemaV1, kSchemaV2};
 
 static std::string uriEscape(const std::string& path)
 {

@@ -37,7 +37,7 @@ private:
 
 class SqliteConnector final : public Connector {
 public:
-    static constexpr uint32_t kSchemaVersion = 1;
+    static constexpr uint32_t kSchemaVersion = 2;
 
     ~SqliteConnector() override;
     static std::unique_ptr<SqliteConnector> open(const std::string& path, uint32_t& error);

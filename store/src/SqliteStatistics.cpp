@@ -9,14 +9,15 @@ namespace {
 // A mailbox's size and its limits as a query sees them: its own "QuotaLimit" / "QuotaTrigger", else
 // its domain's "QuotaDefaultLimit" / "QuotaDefaultTrigger", else the server's "QuotaDomainDefaultLimit"
 // / "QuotaDomainDefaultTrigger"; 4294967295 at a level passes the choice to the next, and at the last
-// level means no limit, as 0 does at any level.
+// level means no limit, as 0 does at any level. The server's and the domains' limits are worked out once
+// (materialised), not once per mailbox.
 const char* const kQuotaCountsSql = R"SQL(
-WITH srv AS (
+WITH srv AS MATERIALIZED (
   SELECT coalesce((SELECT value FROM property WHERE owner = 0 AND section_key = '' AND type = 4
                    AND name_key = 'quotadomaindefaultlimit'), 4294967295) AS lim,
          coalesce((SELECT value FROM property WHERE owner = 0 AND section_key = '' AND type = 4
                    AND name_key = 'quotadomaindefaulttrigger'), 4294967295) AS trg),
-dom AS (
+dom AS MATERIALIZED (
   SELECT o.id,
          coalesce((SELECT value FROM property WHERE owner = o.id AND section_key = '' AND type = 4
                    AND name_key = 'quotadefaultlimit'), 4294967295) AS lim,
