@@ -33,8 +33,8 @@ const Text kTexts[] = {
      "10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,"
      "10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,10:F,10:F,100:F,"
      "10:F,10:T,100:F,10:F,10:F"},
-    {nullptr, "WeekdaySchedule", "08:00-18:00"},
-    {nullptr, "WeekendSchedule", "10:00-14:00"},
+    {nullptr, "WeekdaySchedule", "0700,1200u,1800"},
+    {nullptr, "WeekendSchedule", "1000u,1600"},
     {nullptr, "AcceptForRelayFrom", "192.168.10.*, 10.20.*"},
     {nullptr, "AcceptForRelayTo", "partner.example.net, !bad.partner.example.net"},
     {nullptr, "RblDomain", "zen.spamhaus.org"},

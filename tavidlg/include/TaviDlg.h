@@ -60,6 +60,15 @@ TAVIDLG_API int ServiceControlDialog(TaviOwner owner, _tMailServer* server, cons
 TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
 
 /* Delivery schedules and routing. */
+/* The delivery retry schedule ("RetrySchedule"); an unchanged OK returns 2. */
+TAVIDLG_API int EditElapsedTimeSchedule(TaviOwner owner, _tMailServer* server);
+/* The weekday and weekend time-of-day schedules and the dial-up link's state. */
+TAVIDLG_API int EditDialupSchedule(TaviOwner owner, _tMailServer* server);
+/* Which domains use the retry schedule, and an immediate retry for chosen domains; an unchanged OK
+ * returns 2. */
+TAVIDLG_API int ScheduleManagementDialog(TaviOwner owner, _tMailServer* server);
+/* The manual route table; an untouched table is not rewritten and OK returns 2. */
+TAVIDLG_API int EditRoutes(TaviOwner owner, _tMailServer* server);
 
 /* Security: the security sheet, the server's address lists and the wireless carriers. */
 
