@@ -121,12 +121,14 @@ BENCHMARK(BM_SeedLargeDomainRatio)->Arg(200000)->Iterations(1)->Unit(benchmark::
 template <class StoreCall>
 void statisticRatio(benchmark::State& state, const char* rawSql, StoreCall&& call)
 {
-    static Store* shared = nullptr;
-    if (!shared) { // built once for every statistic (the build is measured above)
-        shared = new Store;
-        VbSeedDemoConfiguration(shared->server);
-        VbSeedLargeDemoDomain(shared->server, "large.example", uint32_t(state.range(0)), nullptr, nullptr);
-    }
+    // Built once for every statistic (the build is measured above), removed at exit.
+    static Store store;
+    static const bool seeded = VbSeedDemoConfiguration(store.server)
+                               && VbSeedLargeDemoDomain(store.server, "large.example", uint32_t(state.range(0)),
+                                                        nullptr, nullptr);
+    if (!seeded)
+        state.SkipWithError("seeding failed");
+    Store* shared = &store;
     sqlite3_stmt* s = nullptr;
     if (sqlite3_prepare_v2(shared->raw, rawSql, -1, &s, nullptr) != SQLITE_OK)
         state.SkipWithError(sqlite3_errmsg(shared->raw));
