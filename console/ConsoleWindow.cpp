@@ -1,4 +1,6 @@
 #include "ConsoleWindow.h"
+#include "HealthPanel.h"
+#include "StatisticsWindow.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -91,6 +93,17 @@ ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
     form->addRow(tr("Location:"), m_location);
     form->addRow(tr("Connector:"), m_connector);
     layout->addWidget(serverBox);
+    m_health = new HealthPanel(central);
+    m_health->setAvailability([this](const QString& entry) {
+        return m_library.isLoaded() && m_library.resolve(entry.toLatin1().constData()) != nullptr;
+    });
+    connect(m_health, &HealthPanel::fixRequested, this, [this](const QString& entry) {
+        for (const DialogRow& row : dialogTable())
+            if (entry == QLatin1String(row.entryPoint))
+                m_status->setText(tr("%1: closed with result %2").arg(QString::fromUtf8(row.title)).arg(openDialog(row)));
+        refreshServer();
+    });
+    layout->addWidget(m_health);
 
     auto* dialogsLabel = new QLabel(tr("&Dialogs:"), central);
     m_dialogs = new QTreeWidget(central);
@@ -154,6 +167,11 @@ void ConsoleWindow::buildMenus()
         refreshServer();
         refreshServices();
     });
+    QAction* stats = view->addAction(tr("Server &statistics..."), this, [this] {
+        if (m_server)
+            StatisticsWindow(m_server, this).exec();
+    });
+    stats->setObjectName(QStringLiteral("actStatistics"));
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About"), this, [this] {
         QMessageBox::about(this, tr("About the console"),
@@ -298,6 +316,7 @@ bool ConsoleWindow::isAvailable(const DialogRow& row)
 
 void ConsoleWindow::refreshServer()
 {
+    m_health->refresh(m_server);
     if (!m_server) {
         m_serverName->setText(tr("(no store open)"));
         m_location->clear();
@@ -372,6 +391,7 @@ void ConsoleWindow::refreshServices()
 
 void ConsoleWindow::fillDialogList()
 {
+    m_health->refresh(m_server); // which fixes the library offers may have changed
     m_dialogs->clear();
     if (!m_library.isLoaded() || !m_server) {
         m_open->setEnabled(false);
@@ -670,6 +690,13 @@ int ConsoleWindow::renderAll(const QString& dir)
         // A reminder this user silenced has no window to render.
         std::printf("%s %s\n", saved ? "rendered" : result == 1 ? "silenced" : "FAILED  ", qPrintable(file));
         failures += saved || result == 1 ? 0 : 1;
+    }
+    if (m_server) {
+        StatisticsWindow statistics(m_server);
+        const QString file = QDir(dir).filePath(QStringLiteral("StatisticsWindow.png"));
+        const bool saved = statistics.grab().save(file, "PNG");
+        std::printf("%s %s\n", saved ? "rendered" : "FAILED  ", qPrintable(file));
+        failures += saved ? 0 : 1;
     }
     show();
     QCoreApplication::processEvents();

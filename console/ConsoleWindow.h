@@ -12,6 +12,7 @@
 
 using TaviOwner = uintptr_t;
 
+class HealthPanel;
 class QLabel;
 class QPushButton;
 class QTimer;
@@ -87,4 +88,5 @@ private:
     QPushButton* m_open = nullptr;
     QTimer* m_pendingPoll = nullptr;
     int m_runMode = 0;
+    HealthPanel* m_health = nullptr;
 };

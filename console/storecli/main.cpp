@@ -22,6 +22,9 @@ enum Exit { kDone = 0, kFailed = 1, kUsage = 2, kNoStore = 3 };
 const char kCommands[] =
     "Commands:\n"
     "  create                          create the store (with its schema) if it does not exist\n"
+    "  create --demo-size N [--domain D]  also write the demonstration configuration (into a store\n"
+    "                                  without settings) and a domain D (default large.example)\n"
+    "                                  with N mailboxes, in one transaction\n"
     "  seed                            write the demonstration configuration\n"
     "  get [--section S] NAME          print a property (numbers in decimal, lists one per line)\n"
     "  set [--section S] NAME VALUE    write text; --number writes a number;\n"
@@ -59,6 +62,8 @@ struct Request {
     uint32_t value = 0; // --number
     std::string domain;
     uint32_t thresholds[7] = {};
+    bool demo = false;
+    uint32_t demoSize = 0; // create --demo-size
 };
 
 struct Command {
@@ -211,7 +216,10 @@ QString optionConflict(const Request& r, const QCommandLineParser& p)
                                           QStringLiteral("list")};
     if (r.hasSection && !sectioned.contains(r.command))
         return QStringLiteral("--section belongs to get, set, delete and list");
-    bool report = p.isSet(QStringLiteral("domain"));
+    if (r.demo && r.command != QLatin1String("create"))
+        return QStringLiteral("--demo-size belongs to create");
+    // create --demo-size --domain D names the large domain; elsewhere --domain belongs to the report.
+    bool report = p.isSet(QStringLiteral("domain")) && !r.demo;
     for (const char* o : kCounterOptions)
         report = report || p.isSet(QLatin1String(o));
     if (report && r.command != QLatin1String("traffic-report"))
@@ -233,7 +241,10 @@ int parse(const QStringList& arguments, Request& r)
     p.addOption({QStringLiteral("all"), QStringLiteral("list: every section.")});
     p.addOption({QStringLiteral("number"), QStringLiteral("set: write a number.")});
     p.addOption({QStringLiteral("list"), QStringLiteral("set: write a list.")});
-    p.addOption({QStringLiteral("domain"), QStringLiteral("traffic-report: one domain."), QStringLiteral("D")});
+    p.addOption({QStringLiteral("domain"), QStringLiteral("traffic-report: one domain; create: the large domain."),
+                 QStringLiteral("D")});
+    p.addOption({QStringLiteral("demo-size"), QStringLiteral("create: a demonstration domain of N mailboxes."),
+                 QStringLiteral("N")});
     for (const char* o : kCounterOptions)
         p.addOption({QLatin1String(o), QStringLiteral("traffic-report: threshold."), QStringLiteral("N")});
     p.addPositionalArgument(QStringLiteral("command"), QStringLiteral("What to do (above)."));
@@ -260,6 +271,9 @@ int parse(const QStringList& arguments, Request& r)
     r.number = p.isSet(QStringLiteral("number"));
     r.list = p.isSet(QStringLiteral("list"));
     r.domain = p.value(QStringLiteral("domain")).toStdString();
+    r.demo = p.isSet(QStringLiteral("demo-size"));
+    if (r.demo && !parseNumber(p.value(QStringLiteral("demo-size")), r.demoSize))
+        return usage(QStringLiteral("--demo-size: not a number: %1").arg(p.value(QStringLiteral("demo-size"))));
     if (const QString conflict = optionConflict(r, p); !conflict.isEmpty())
         return usage(conflict);
     if (r.number && !parseNumber(r.args[1], r.value))
@@ -278,6 +292,22 @@ int parse(const QStringList& arguments, Request& r)
 }
 
 // ---- the commands -----------------------------------------------------------------------------------
+
+// Shows how far a long seeding got, on one line of the terminal.
+int showProgress(void*, uint32_t done, uint32_t total)
+{
+    std::fprintf(stderr, "\r%u of %u mailboxes", done, total);
+    if (done == total)
+        std::fputc('\n', stderr);
+    return 1;
+}
+
+bool hasSettings(_tMailServer* s)
+{
+    char buffer[4] = {};
+    uint32_t size = sizeof buffer;
+    return !EnumMailServerProperties(s, nullptr, buffer, &size) || buffer[0] != '\0';
+}
 
 int doSet(_tMailServer* s, const Request& r)
 {
@@ -378,6 +408,13 @@ int run(_tMailServer* s, const Request& r)
     const std::string first = r.args.isEmpty() ? std::string() : r.args[0].toStdString();
     const char* section = r.hasSection ? r.section.c_str() : nullptr;
     if (r.command == QLatin1String("create")) {
+        if (r.demo) {
+            const std::string name = r.domain.empty() ? std::string("large.example") : r.domain;
+            if (!hasSettings(s) && !VbSeedDemoConfiguration(s))
+                return failure("seed");
+            if (!VbSeedLargeDemoDomain(s, name.c_str(), r.demoSize, showProgress, nullptr))
+                return failure(name.c_str());
+        }
         std::printf("%s\n", GetMailServerLocation(s));
     } else if (r.command == QLatin1String("seed")) {
         return VbSeedDemoConfiguration(s) ? kDone : failure("seed");

@@ -294,8 +294,14 @@ UPDATE OR IGNORE mailbox_alias SET name_key = vb_fold(name_key) WHERE name_key <
 UPDATE OR IGNORE service SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
 )SQL";
 
+// Version 3: numbers by property name and value, so the largest mailboxes are found without reading
+// every mailbox.
+static const char* const kSchemaV3 = R"SQL(
+CREATE INDEX IF NOT EXISTS property_number ON property(name_key, value) WHERE type = 4;
+)SQL";
+
 // Schema steps: kMigrations[i] takes a store from version i to version i + 1.
-static const char* const kMigrations[] = {kSchemaV1, kSchemaV2};
+static const char* const kMigrations[] = {kSchemaV1, kSchemaV2, kSchemaV3};
 
 // vb_fold(text): the store's folding of a name, for the migration and for comparisons in SQL.
 static void sqlFold(sqlite3_context* context, int, sqlite3_value** argv)
