@@ -1,4 +1,6 @@
 #include "ConsoleWindow.h"
+#include "HealthPanel.h"
+#include "StatisticsWindow.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -14,6 +16,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QStatusBar>
 #include <QTimer>
 #include <QTreeWidget>
@@ -24,6 +27,7 @@
 #include <velbrook/DomainStore.h>
 #include <velbrook/ListStore.h>
 #include <velbrook/MailToolkit.h>
+#include <velbrook/MailboxStore.h>
 #include <velbrook/ServerStore.h>
 
 #include <cstdint>
@@ -32,11 +36,11 @@
 
 namespace {
 
-using TaviOwner = uintptr_t;
 using EntryNone = int (*)(TaviOwner, _tMailServer*);
 using EntryOne = int (*)(TaviOwner, _tMailServer*, const char*);
 using EntryTwo = int (*)(TaviOwner, _tMailServer*, const char*, const char*);
 using EntrySubnetList = int (*)(TaviOwner, _tMailServer*, const char*, const char*, unsigned);
+using EntryMailboxList = int (*)(TaviOwner, _tMailServer*, _tMailbox*, const char*);
 using EntryLogFlags = int (*)(TaviOwner, _tMailServer*, const char*, uint32_t*, uint32_t);
 
 QString constant(_tMailServer* server, const char* name)
@@ -64,36 +68,17 @@ bool isEmptyStore(_tMailServer* server)
     return false;
 }
 
-// Sets an environment variable for one call.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* name, const QString& value) : m_name(name), m_active(!value.isEmpty())
-    {
-        if (m_active)
-            qputenv(m_name, value.toUtf8());
-    }
-    ~ScopedEnv()
-    {
-        if (m_active)
-            qunsetenv(m_name);
-    }
-
-private:
-    const char* m_name;
-    bool m_active;
-};
-
 } // namespace
 
 ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("ConsoleWindow"));
-    setWindowTitle(QStringLiteral("Velbrook Administration Console"));
+    setWindowTitle(tr("Velbrook Administration Console"));
     setWindowIcon(QIcon(QStringLiteral(":/tavidlg/velbrook-32.png")));
 
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
-    auto* serverBox = new QGroupBox(QStringLiteral("Server"), central);
+    auto* serverBox = new QGroupBox(tr("Server"), central);
     auto* form = new QFormLayout(serverBox);
     m_serverName = new QLabel(serverBox);
     m_serverName->setObjectName(QStringLiteral("lblServerName"));
@@ -104,12 +89,23 @@ ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
     m_location->setWordWrap(true);
     m_connector = new QLabel(serverBox);
     m_connector->setObjectName(QStringLiteral("lblConnector"));
-    form->addRow(QStringLiteral("Name:"), m_serverName);
-    form->addRow(QStringLiteral("Location:"), m_location);
-    form->addRow(QStringLiteral("Connector:"), m_connector);
+    form->addRow(tr("Name:"), m_serverName);
+    form->addRow(tr("Location:"), m_location);
+    form->addRow(tr("Connector:"), m_connector);
     layout->addWidget(serverBox);
+    m_health = new HealthPanel(central);
+    m_health->setAvailability([this](const QString& entry) {
+        return m_library.isLoaded() && m_library.resolve(entry.toLatin1().constData()) != nullptr;
+    });
+    connect(m_health, &HealthPanel::fixRequested, this, [this](const QString& entry) {
+        for (const DialogRow& row : dialogTable())
+            if (entry == QLatin1String(row.entryPoint))
+                m_status->setText(tr("%1: closed with result %2").arg(QString::fromUtf8(row.title)).arg(openDialog(row)));
+        refreshServer();
+    });
+    layout->addWidget(m_health);
 
-    auto* dialogsLabel = new QLabel(QStringLiteral("&Dialogs:"), central);
+    auto* dialogsLabel = new QLabel(tr("&Dialogs:"), central);
     m_dialogs = new QTreeWidget(central);
     m_dialogs->setObjectName(QStringLiteral("lstDialogs"));
     m_dialogs->setColumnCount(2);
@@ -122,7 +118,7 @@ ConsoleWindow::ConsoleWindow(QWidget* parent) : QMainWindow(parent)
     dialogsLabel->setBuddy(m_dialogs);
     layout->addWidget(dialogsLabel);
     layout->addWidget(m_dialogs, 1);
-    m_open = new QPushButton(QStringLiteral("&Open..."), central);
+    m_open = new QPushButton(tr("&Open..."), central);
     m_open->setObjectName(QStringLiteral("btnOpen"));
     m_open->setEnabled(false);
     auto* buttons = new QHBoxLayout;
@@ -161,19 +157,24 @@ ConsoleWindow::~ConsoleWindow()
 
 void ConsoleWindow::buildMenus()
 {
-    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
-    QAction* open = file->addAction(QStringLiteral("&Open store..."), QKeySequence::Open, this, &ConsoleWindow::chooseStore);
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* open = file->addAction(tr("&Open store..."), QKeySequence::Open, this, &ConsoleWindow::chooseStore);
     open->setObjectName(QStringLiteral("actOpenStore"));
     file->addSeparator();
-    file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, &QWidget::close);
-    QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
-    view->addAction(QStringLiteral("&Refresh"), QKeySequence::Refresh, this, [this] {
+    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    view->addAction(tr("&Refresh"), QKeySequence::Refresh, this, [this] {
         refreshServer();
         refreshServices();
     });
-    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
-    help->addAction(QStringLiteral("&About"), this, [this] {
-        QMessageBox::about(this, QStringLiteral("About the console"),
+    QAction* stats = view->addAction(tr("Server &statistics..."), this, [this] {
+        if (m_server)
+            StatisticsWindow(m_server, this).exec();
+    });
+    stats->setObjectName(QStringLiteral("actStatistics"));
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About"), this, [this] {
+        QMessageBox::about(this, tr("About the console"),
                            QStringLiteral("Velbrook Administration Console %1\n\nOpens the configuration dialogs "
                                           "of the TaviDlg library over one server's configuration store.")
                                .arg(QStringLiteral(TAVI_VERSION)));
@@ -213,7 +214,7 @@ bool ConsoleWindow::openStore(const QString& location, bool seedIfEmpty)
 void ConsoleWindow::chooseStore()
 {
     const QString current = m_server ? QString::fromUtf8(GetMailServerLocation(m_server)) : QString();
-    const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("Open a configuration store"),
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open a configuration store"),
                                                       QFileInfo(current).absolutePath(),
                                                       QStringLiteral("Configuration stores (*.db);;All files (*)"));
     if (file.isEmpty())
@@ -221,7 +222,47 @@ void ConsoleWindow::chooseStore()
     if (!openStore(file))
         report(m_error);
     else
-        m_status->setText(QStringLiteral("Opened %1").arg(QDir::toNativeSeparators(file)));
+        m_status->setText(tr("Opened %1").arg(QDir::toNativeSeparators(file)));
+}
+
+QString ConsoleWindow::takeUnsavedWrites()
+{
+    QStringList lines;
+    _tFailedWrite failed[32];
+    uint32_t count = 32;
+    while (m_server && TakeFailedMailServerWrites(m_server, failed, &count) && count) {
+        for (uint32_t i = 0; i < count; ++i) {
+            const _tFailedWrite& w = failed[i];
+            QString where = QString::fromUtf8(w.name);
+            if (w.section[0])
+                where = QString::fromUtf8(w.section) + QLatin1Char('\\') + where;
+            if (w.object[0])
+                where = tr("%1 of %2").arg(where, QString::fromUtf8(w.object));
+            char text[512] = {};
+            VbErrorText(w.error, text, sizeof text);
+            QString line = tr("%1: %2 (error %3)").arg(where, QString::fromUtf8(text)).arg(w.error);
+            if (w.more)
+                line += tr(", and %n more", nullptr, int(w.more));
+            lines.append(line);
+        }
+        count = 32;
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+void ConsoleWindow::showUnsaved(const QString& what)
+{
+    const QString unsaved = takeUnsavedWrites();
+    if (unsaved.isEmpty())
+        return;
+    m_status->setText(tr("%1: some changes were not saved").arg(what));
+    // Not modal to the application: the console stays usable while the message is read.
+    auto* box = new QMessageBox(QMessageBox::Warning, windowTitle(),
+                                tr("%1: these changes were not saved:").arg(what), QMessageBox::Ok, this);
+    box->setObjectName(QStringLiteral("msgUnsaved"));
+    box->setInformativeText(unsaved);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 void ConsoleWindow::report(const QString& message)
@@ -257,6 +298,17 @@ bool ConsoleWindow::loadLibrary(const QString& file)
     return loaded;
 }
 
+bool ConsoleWindow::setRunMode(int mode, const QString& screenshot)
+{
+    using SetRunMode = int (*)(int, const char*);
+    auto set = reinterpret_cast<SetRunMode>(m_library.isLoaded() ? m_library.resolve("TaviSetRunMode") : nullptr);
+    if (!set || !set(mode, screenshot.isEmpty() ? nullptr : screenshot.toUtf8().constData()))
+        return false;
+    if (mode != kRunScreenshot)
+        m_runMode = mode;
+    return true;
+}
+
 bool ConsoleWindow::isAvailable(const DialogRow& row)
 {
     return m_library.isLoaded() && m_library.resolve(row.entryPoint) != nullptr;
@@ -264,17 +316,18 @@ bool ConsoleWindow::isAvailable(const DialogRow& row)
 
 void ConsoleWindow::refreshServer()
 {
+    m_health->refresh(m_server);
     if (!m_server) {
-        m_serverName->setText(QStringLiteral("(no store open)"));
+        m_serverName->setText(tr("(no store open)"));
         m_location->clear();
         m_connector->clear();
-        setWindowTitle(QStringLiteral("Velbrook Administration Console"));
+        setWindowTitle(tr("Velbrook Administration Console"));
         return;
     }
     QString name = constant(m_server, "MachineName");
     if (name.isEmpty())
         name = QStringLiteral("(unknown)");
-    setWindowTitle(QStringLiteral("%1 - Velbrook Administration Console").arg(name));
+    setWindowTitle(tr("%1 - Velbrook Administration Console").arg(name));
     if (!IsLocalMachine(m_server))
         name += QStringLiteral(" (on another machine)");
     m_serverName->setText(name);
@@ -338,10 +391,11 @@ void ConsoleWindow::refreshServices()
 
 void ConsoleWindow::fillDialogList()
 {
+    m_health->refresh(m_server); // which fixes the library offers may have changed
     m_dialogs->clear();
     if (!m_library.isLoaded() || !m_server) {
         m_open->setEnabled(false);
-        m_status->setText(!m_server ? QStringLiteral("No configuration store is open.")
+        m_status->setText(!m_server ? tr("No configuration store is open.")
                                     : m_error.isEmpty() ? QStringLiteral("The dialog library is not loaded.")
                                                         : QString(m_error).replace(QLatin1Char('\n'), QLatin1Char(' ')));
         return;
@@ -370,10 +424,10 @@ void ConsoleWindow::fillDialogList()
                     properties = &other;
             }
             for (const auto& [name, displayName] : services()) {
-                auto* item = new QTreeWidgetItem(group, {displayName + QStringLiteral(" service")});
+                auto* item = new QTreeWidgetItem(group, {displayName + tr(" service")});
                 item->setData(0, Qt::UserRole, QString::fromUtf8(row.entryPoint));
                 item->setData(0, Qt::UserRole + 1, name);
-                item->setToolTip(0, QStringLiteral("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
+                item->setToolTip(0, tr("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
                 ++count;
                 if (properties) {
                     auto* child = new QTreeWidgetItem(item, {QStringLiteral("Properties...")});
@@ -392,7 +446,7 @@ void ConsoleWindow::fillDialogList()
         ++count;
     }
     refreshServices();
-    m_status->setText(count == 1 ? QStringLiteral("1 dialog available")
+    m_status->setText(count == 1 ? tr("1 dialog available")
                                  : QStringLiteral("%1 dialogs available").arg(count));
     if (QTreeWidgetItem* first = m_dialogs->topLevelItemCount() ? m_dialogs->topLevelItem(0)->child(0) : nullptr)
         m_dialogs->setCurrentItem(first);
@@ -410,6 +464,7 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
     for (const DialogRow& row : dialogTable()) {
         if (entry != QLatin1String(row.entryPoint))
             continue;
+        takeUnsavedWrites(); // what failed before the dialog is not the dialog's
         const QVariant service = item->data(0, Qt::UserRole + 1).isValid() ? item->data(0, Qt::UserRole + 1)
                                                                            : item->data(0, Qt::UserRole + 2);
         const int result = openDialog(row, QString(), service.toString());
@@ -418,13 +473,14 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
                                ? item->parent()->text(0) + QStringLiteral(" properties")
                                : item->text(0);
         if (result == 1)
-            m_status->setText(QStringLiteral("%1: closed with OK").arg(what));
+            m_status->setText(tr("%1: closed with OK").arg(what));
         else if (result == 2)
-            m_status->setText(QStringLiteral("%1: cancelled").arg(what));
+            m_status->setText(tr("%1: cancelled").arg(what));
         else if (result == -1)
-            m_status->setText(QStringLiteral("%1: the dialog could not be opened").arg(what));
+            m_status->setText(tr("%1: the dialog could not be opened").arg(what));
         else if (result != -100)
-            m_status->setText(QStringLiteral("%1: returned %2").arg(what).arg(result));
+            m_status->setText(tr("%1: returned %2").arg(what).arg(result));
+        showUnsaved(what);
         refreshServer();
         refreshServices();
         return;
@@ -456,8 +512,8 @@ QString ConsoleWindow::askDomain(bool* ok)
     const int defaultIndex = int(domains.indexOf(defaultDomain()));
     QStringList shown = domains;
     if (defaultIndex >= 0)
-        shown[defaultIndex] += QStringLiteral(" (default)");
-    const QString chosen = QInputDialog::getItem(this, QStringLiteral("Choose a domain"), QStringLiteral("&Domain:"),
+        shown[defaultIndex] += tr(" (default)");
+    const QString chosen = QInputDialog::getItem(this, tr("Choose a domain"), tr("&Domain:"),
                                                  shown, qMax(0, defaultIndex), false, ok);
     const qsizetype index = shown.indexOf(chosen);
     return index >= 0 ? domains.at(index) : QString();
@@ -510,7 +566,19 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
         return -100;
     const bool interactive = screenshot.isEmpty();
     const TaviOwner owner = interactive ? TaviOwner(winId()) : 0;
-    ScopedEnv shot("TAVI_SCREENSHOT", screenshot);
+    if (!interactive && !setRunMode(kRunScreenshot, screenshot))
+        return -1;
+    const auto restore = qScopeGuard([this, interactive] {
+        if (!interactive)
+            setRunMode(m_runMode);
+    });
+    const int result = callEntry(row, symbol, owner, interactive, service);
+    return result;
+}
+
+int ConsoleWindow::callEntry(const DialogRow& row, QFunctionPointer symbol, TaviOwner owner, bool interactive,
+                             const QString& service)
+{
     bool ok = true;
     switch (row.args) {
     case EntryArgs::None:
@@ -540,13 +608,23 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
     case EntryArgs::MailboxList: {
         const QString what = row.args == EntryArgs::MailList ? QStringLiteral("list") : QStringLiteral("mailbox");
         const QString name = interactive
-            ? QInputDialog::getText(this, QStringLiteral("Open a %1").arg(what),
+            ? QInputDialog::getText(this, tr("Open a %1").arg(what),
                                     QStringLiteral("&Name of the %1 (local part):").arg(what), QLineEdit::Normal,
                                     QString(), &ok)
             : QStringLiteral("postmaster");
         if (!ok)
             return -100;
         const QByteArray first = name.toUtf8(), second = defaultDomain().toUtf8();
+        if (row.args == EntryArgs::MailboxList) {
+            // The address lists' editor works on a mailbox its caller has open, as the mailbox sheet has.
+            const QByteArray address = first + '@' + second;
+            _tMailbox* mailbox = OpenMailbox(m_server, address.constData());
+            if (!mailbox)
+                return -1;
+            const int result = reinterpret_cast<EntryMailboxList>(symbol)(owner, m_server, mailbox, "Blacklist");
+            CloseMailbox(mailbox);
+            return result;
+        }
         return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, first.constData(), second.constData());
     }
     case EntryArgs::Service: {
@@ -606,12 +684,19 @@ int ConsoleWindow::renderAll(const QString& dir)
     using ShowReminder = int (*)(TaviOwner, unsigned, const char*, unsigned, unsigned);
     if (auto reminder = reinterpret_cast<ShowReminder>(m_library.resolve("ShowReminder"))) {
         const QString file = QDir(dir).filePath(QStringLiteral("ShowReminder.png"));
-        ScopedEnv shot("TAVI_SCREENSHOT", file);
-        const int result = reminder(0, 57404, "ServerAgentReminder", 57403, 49);
+        const int result = setRunMode(kRunScreenshot, file) ? reminder(0, 57404, "ServerAgentReminder", 57403, 49) : -1;
+        setRunMode(m_runMode);
         const bool saved = result != -1 && QFileInfo::exists(file);
         // A reminder this user silenced has no window to render.
         std::printf("%s %s\n", saved ? "rendered" : result == 1 ? "silenced" : "FAILED  ", qPrintable(file));
         failures += saved || result == 1 ? 0 : 1;
+    }
+    if (m_server) {
+        StatisticsWindow statistics(m_server);
+        const QString file = QDir(dir).filePath(QStringLiteral("StatisticsWindow.png"));
+        const bool saved = statistics.grab().save(file, "PNG");
+        std::printf("%s %s\n", saved ? "rendered" : "FAILED  ", qPrintable(file));
+        failures += saved ? 0 : 1;
     }
     show();
     QCoreApplication::processEvents();

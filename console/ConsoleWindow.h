@@ -10,6 +10,9 @@
 
 #include <velbrook/StoreBase.h>
 
+using TaviOwner = uintptr_t;
+
+class HealthPanel;
 class QLabel;
 class QPushButton;
 class QTimer;
@@ -33,6 +36,10 @@ public:
     bool loadLibrary(const QString& file = QString());
     QString errorString() const { return m_error; }
 
+    // How the library runs the dialogs the console opens (its TaviSetRunMode: 0 interactive, 1 a picture
+    // to screenshot, 2 closed as cancelled at once). False when the library does not offer it.
+    bool setRunMode(int mode, const QString& screenshot = QString());
+
     // Whether the library exports the row's entry point.
     bool isAvailable(const DialogRow& row);
     // Opens the row's dialog; a screenshot path renders it instead of running it. Returns the
@@ -46,6 +53,9 @@ public:
     static QString stateText(uint32_t state);
     // The message for a store that would not open, with the store's own error text and code.
     static QString storeErrorText(const QString& location, uint32_t code);
+    // Takes the writes that failed on the server since last asked (some dialogs close with OK without a
+    // word when a write fails) and describes them, one line each; empty when everything was saved.
+    QString takeUnsavedWrites();
 
 public slots:
     void refreshServices();
@@ -57,8 +67,12 @@ private:
     void openItem(QTreeWidgetItem* item);
     void chooseStore();
     void report(const QString& message);
+    void showUnsaved(const QString& what);
     QString defaultDomain() const;
     QString askDomain(bool* ok);
+    int callEntry(const DialogRow& row, QFunctionPointer symbol, TaviOwner owner, bool interactive,
+                  const QString& service);
+    static constexpr int kRunScreenshot = 1;
     QStringList mailingLists(const QString& domain) const;
     // The server's mail services: (name, "DisplayName" or the name when it has none), in list order.
     QList<QPair<QString, QString>> services() const;
@@ -73,4 +87,6 @@ private:
     QTreeWidget* m_dialogs = nullptr;
     QPushButton* m_open = nullptr;
     QTimer* m_pendingPoll = nullptr;
+    int m_runMode = 0;
+    HealthPanel* m_health = nullptr;
 };

@@ -16,7 +16,7 @@ enum class EntryArgs {
     Service,     // (owner, server, service name)
     ServiceControl, // (owner, server, service name, caption)
     ServerList,  // (owner, server, list name)
-    MailboxList, // (owner, server, list kind, address)
+    MailboxList, // (owner, server, open mailbox, list name)
     LogFlags,    // (owner, server, caption, uint32_t* flags, uint32_t mask)
     SubnetList,  // (owner, server, section, property name, caption string id)
 };

@@ -8,7 +8,7 @@ packages=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools libgl-dev
   qt6-tools-dev qt6-l10n-tools qt6-translations-l10n
-  libsqlite3-dev sqlite3 libpq-dev libsodium-dev libssl-dev openssl
+  libsqlite3-dev sqlite3 libpq-dev libsodium-dev libicu-dev libssl-dev openssl
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core
 )

@@ -78,6 +78,28 @@ struct TrafficQuery {
     uint32_t thresholds[7] = {};
 };
 
+// One mailbox of a bulk load (the large demonstration domain, benchmarks).
+struct BulkMailbox {
+    std::string local;
+    std::string fullName;
+    uint32_t sizeKb = 0;   // "QuotaMsgSize"
+    uint32_t messages = 0; // "QuotaNoMsgs"
+    uint32_t quotaLimit = 0xFFFFFFFFu; // "QuotaLimit"; 4294967295 (the domain's default) is not stored
+    uint32_t counters[7] = {};
+};
+
+// What the statistics window shows, each part computed by one query.
+struct ObjectCounts {
+    uint64_t domains = 0, mailboxes = 0, mailingLists = 0;
+};
+struct QuotaCounts {
+    uint64_t limited = 0, over = 0, near = 0;
+};
+struct MailboxUsage {
+    std::string local, domain;
+    uint32_t sizeKb = 0, messages = 0;
+};
+
 struct ConnectorInfo {
     uint32_t connectorType = 0;
     uint32_t schemaVersion = 0;
@@ -146,6 +168,8 @@ public:
 
     virtual uint32_t getPassword(const ObjectRef& mailbox, std::string& sealed) = 0;
     virtual uint32_t setPassword(const ObjectRef& mailbox, std::string_view sealed) = 0;
+    // One sealed password of any mailbox (VB_ERROR_FILE_NOT_FOUND when none is stored).
+    virtual uint32_t anySealedPassword(std::string& sealed) = 0;
 
     virtual uint32_t synonymNames(int64_t domain, std::vector<std::string>& names) = 0;
     virtual uint32_t findSynonym(std::string_view synonym, ObjectRef& domain) = 0;
@@ -193,6 +217,16 @@ public:
     virtual void trafficDrop(uint64_t id) = 0;
     // Bulk loading of counters (tests, benchmarks and the demo configuration).
     virtual uint32_t setTraffic(const ObjectRef& mailbox, const uint32_t counters[7]) = 0;
+
+    // ---- bulk loading and statistics
+    // Adds count mailboxes to domain in one transaction; next fills row i and returns false to cancel
+    // (VB_ERROR_CANCELLED, nothing kept). The domain's "MailboxCount" is brought up to date.
+    virtual uint32_t bulkMailboxes(int64_t domain, uint32_t count,
+                                   const std::function<bool(uint32_t, BulkMailbox&)>& next) = 0;
+    virtual uint32_t objectCounts(ObjectCounts& counts) = 0;
+    virtual uint32_t quotaCounts(QuotaCounts& counts) = 0;
+    virtual uint32_t trafficTotals(uint64_t totals[7]) = 0;
+    virtual uint32_t largestMailboxes(uint32_t limit, std::vector<MailboxUsage>& rows) = 0;
 };
 
 // The names of the mailbox counters, in the order of TrafficRow::counters and of the report's columns.

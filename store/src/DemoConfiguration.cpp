@@ -348,6 +348,27 @@ bool seedDomain(_tMailServer* s, const DemoDomain& dd)
     return ok;
 }
 
+// A few entries in the server's address lists (section "AddressLists") and the default domain's.
+bool seedAddressLists(_tMailServer* s)
+{
+    const char* const server[][2] = {
+        {"Whitelist", "*@partner.example.net"},  {"Whitelist", "ceo@customer.example"},
+        {"Blacklist", "*@bulkmail.example"},     {"Blacklist", "*@*.spam-haven.example"},
+        {"Blacklist", "offers@promo.example"},   {"PreferredSenders", "alerts@bank.example"},
+    };
+    for (const auto& entry : server)
+        if (!AddToMailServerListProperty(s, "AddressLists", entry[0], entry[1]) && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+            return false;
+    _tDomain* d = OpenDomain(s, "brennoway.example");
+    if (!d)
+        return false;
+    const bool ok = (AddToDomainListProperty(d, "Whitelist", "*@lab.example.org")
+                     || GetLastError() == VB_ERROR_ALREADY_EXISTS)
+                    && (AddToDomainListProperty(d, "Blacklist", "newsletter@shop.example")
+                        || GetLastError() == VB_ERROR_ALREADY_EXISTS);
+    CloseDomain(d);
+    return ok;
+}
 
 // Mailing lists of the first domain beyond its staff list: a discussion list with its digest, an
 // announcement list without a roster, and a large newsletter list.
@@ -418,5 +439,5 @@ bool vbSeedDemoObjects(_tMailServer* server)
     for (const DemoList& l : kLists)
         if (!seedList(server, kDomains[0].name, l))
             return false;
-    return seedRoutes(server) && seedAliasMapping(server);
+    return seedRoutes(server) && seedAliasMapping(server) && seedAddressLists(server);
 }

@@ -1,9 +1,11 @@
 // Domains: properties, enumeration, synonyms, aliases and counts.
 #include <algorithm>
+#include <unordered_set>
 #include <atomic>
 #include <cstring>
 
 #include "Objects_p.h"
+#include "toolkit/Utf8_p.h"
 #include "velbrook/DomainStore.h"
 #include "velbrook/ListStore.h"
 
@@ -28,7 +30,7 @@ bool validObjectName(const char* name)
     for (size_t i = 0; i < n; ++i)
         if (static_cast<unsigned char>(name[i]) < 0x20 || name[i] == 0x7f)
             return false;
-    return true;
+    return vbtoolkit::isValidUtf8(std::string_view(name, n));
 }
 
 uint32_t defaultDomain(_tMailServer* server, ObjectRef& domain)
@@ -60,6 +62,8 @@ bool splitAddress(const char* address, std::string& local, std::string& domain)
     } else {
         local = a.substr(0, at);
         domain = a.substr(at + 1);
+        if (domain.empty())
+            return false; // "user@" names no domain; it is not the default domain's user
     }
     return !local.empty();
 }
@@ -89,7 +93,7 @@ int getObjectProperty(OpenObject& o, const char* operation, const char* name, vo
     return copyValueOut(it->second, buffer, size, type, force);
 }
 
-int setObjectProperty(OpenObject& o, const char* operation, uint32_t type, const char* name, const void* data,
+static int setObjectPropertyNow(OpenObject& o, const char* operation, uint32_t type, const char* name, const void* data,
                       uint32_t size)
 {
     if (!validObjectName(name))
@@ -110,14 +114,13 @@ int setObjectProperty(OpenObject& o, const char* operation, uint32_t type, const
         return failWith(e);
     if (v.type == VB_TYPE_MULTI_STRING) {
         // The store keeps one element per name without regard to case.
+        // A hash set of the folded keys keeps a list of 100 000 elements linear.
         std::vector<std::string> unique;
-        std::vector<std::string> keys;
+        std::unordered_set<std::string> keys;
+        keys.reserve(v.items.size());
         for (const std::string& item : v.items) {
-            const std::string k = fold(item);
-            if (std::find(keys.begin(), keys.end(), k) == keys.end()) {
-                keys.push_back(k);
+            if (keys.insert(fold(item)).second)
                 unique.push_back(item);
-            }
         }
         v.items = std::move(unique);
     }
@@ -136,7 +139,7 @@ int lookupObjectList(OpenObject& o, const char* operation, const char* name, con
     return 1;
 }
 
-int addToObjectList(OpenObject& o, const char* operation, const char* name, const char* element)
+static int addToObjectListNow(OpenObject& o, const char* operation, const char* name, const char* element)
 {
     if (!validObjectName(name) || !element || !*element || std::strlen(element) > kMaxValueSize)
         return failWith(VB_ERROR_INVALID_PARAMETER);
@@ -153,7 +156,7 @@ int addToObjectList(OpenObject& o, const char* operation, const char* name, cons
     return 1;
 }
 
-int removeFromObjectList(OpenObject& o, const char* operation, const char* name, const char* element)
+static int removeFromObjectListNow(OpenObject& o, const char* operation, const char* name, const char* element)
 {
     if (!validObjectName(name) || !element)
         return failWith(VB_ERROR_INVALID_PARAMETER);
@@ -169,6 +172,23 @@ int removeFromObjectList(OpenObject& o, const char* operation, const char* name,
                     items.end());
     }
     return 1;
+}
+
+int setObjectProperty(OpenObject& o, const char* operation, uint32_t type, const char* name, const void* data,
+                      uint32_t size)
+{
+    return noteWrite(setObjectPropertyNow(o, operation, type, name, data, size), o.server, o.ref().name, nullptr,
+                     name);
+}
+
+int addToObjectList(OpenObject& o, const char* operation, const char* name, const char* element)
+{
+    return noteWrite(addToObjectListNow(o, operation, name, element), o.server, o.ref().name, nullptr, name);
+}
+
+int removeFromObjectList(OpenObject& o, const char* operation, const char* name, const char* element)
+{
+    return noteWrite(removeFromObjectListNow(o, operation, name, element), o.server, o.ref().name, nullptr, name);
 }
 
 // Effective scanner settings. The server's setting (no section) and the domain's setting of the same name
@@ -264,6 +284,7 @@ _tDomain* OpenDomain(_tMailServer* server, const char* name)
     }
     auto* domain = new _tDomain;
     domain->server = server;
+    domain->life = server->life;
     if (uint32_t e = server->connector->loadSnapshot(Kind::Domain, "", domainName, domain->snapshot)) {
         delete domain;
         SetLastError(e);
@@ -315,6 +336,8 @@ int DestroyDomain(_tMailServer* server, const char* name)
 
 int GetDomainProperty(_tDomain* domain, const char* name, void* buffer, uint32_t* size, uint32_t* type)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return getObjectProperty(*domain, "GetDomainProperty", name, buffer, size, type);
@@ -322,6 +345,8 @@ int GetDomainProperty(_tDomain* domain, const char* name, void* buffer, uint32_t
 
 int SetDomainProperty(_tDomain* domain, uint32_t type, const char* name, const void* data, uint32_t size)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return setObjectProperty(*domain, "SetDomainProperty", type, name, data, size);
@@ -329,6 +354,8 @@ int SetDomainProperty(_tDomain* domain, uint32_t type, const char* name, const v
 
 int LookupDomainListProperty(_tDomain* domain, const char* name, const char* element)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return lookupObjectList(*domain, "LookupDomainListProperty", name, element);
@@ -336,6 +363,8 @@ int LookupDomainListProperty(_tDomain* domain, const char* name, const char* ele
 
 int AddToDomainListProperty(_tDomain* domain, const char* name, const char* element)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return addToObjectList(*domain, "AddToDomainListProperty", name, element);
@@ -343,6 +372,8 @@ int AddToDomainListProperty(_tDomain* domain, const char* name, const char* elem
 
 int RemoveFromDomainListProperty(_tDomain* domain, const char* name, const char* element)
 {
+    if (gone(domain))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!domain)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return removeFromObjectList(*domain, "RemoveFromDomainListProperty", name, element);

@@ -107,6 +107,7 @@ public:
     uint32_t firstObject(Kind k, int64_t p, ObjectRef& o) override { return m_inner->firstObject(k, p, o); }
     uint32_t getPassword(const ObjectRef& m, std::string& s) override { return m_inner->getPassword(m, s); }
     uint32_t setPassword(const ObjectRef& m, std::string_view s) override { return m_inner->setPassword(m, s); }
+    uint32_t anySealedPassword(std::string& s) override { return m_inner->anySealedPassword(s); }
     uint32_t synonymNames(int64_t d, std::vector<std::string>& n) override { return m_inner->synonymNames(d, n); }
     uint32_t findSynonym(std::string_view s, ObjectRef& d) override { return m_inner->findSynonym(s, d); }
     uint32_t createSynonym(int64_t d, std::string_view s) override { return m_inner->createSynonym(d, s); }
@@ -143,6 +144,17 @@ public:
     }
     void trafficDrop(uint64_t id) override { m_inner->trafficDrop(id); }
     uint32_t setTraffic(const ObjectRef& m, const uint32_t c[7]) override { return m_inner->setTraffic(m, c); }
+    uint32_t bulkMailboxes(int64_t d, uint32_t n, const std::function<bool(uint32_t, BulkMailbox&)>& f) override
+    {
+        return m_inner->bulkMailboxes(d, n, f);
+    }
+    uint32_t objectCounts(ObjectCounts& c) override { return m_inner->objectCounts(c); }
+    uint32_t quotaCounts(QuotaCounts& c) override { return m_inner->quotaCounts(c); }
+    uint32_t trafficTotals(uint64_t t[7]) override { return m_inner->trafficTotals(t); }
+    uint32_t largestMailboxes(uint32_t n, std::vector<MailboxUsage>& r) override
+    {
+        return m_inner->largestMailboxes(n, r);
+    }
 
 private:
     struct Fault {

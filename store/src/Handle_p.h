@@ -4,16 +4,24 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <vector>
 
 #include "Connector.h"
 #include "velbrook/MailToolkit.h"
+#include "velbrook/ServerStore.h"
 
 struct _tMailServer {
     std::string location;
+    std::string keyPath; // the mailbox password key, beside the store's real path (resolved at open)
     std::unique_ptr<vb::Connector> connector; // the real one, or a fault injector wrapping it
     bool faultsInstalled = false;
     std::atomic<uint64_t> nextReportId{1};
+    std::mutex failedMutex;
+    std::vector<_tFailedWrite> failedWrites; // since the host last took them
+    // Objects that depend on the handle keep a weak reference: expired once the handle is closed.
+    std::shared_ptr<int> life = std::make_shared<int>(0);
 };
 
 namespace vb {
@@ -62,6 +70,10 @@ int copyTextOut(const std::string& text, char* buffer, uint32_t* size);
 int copyMultiOut(const std::vector<std::string>& items, char* buffer, uint32_t* size);
 // Fixed-size text output (size without update): VB_ERROR_MORE_DATA when it does not fit.
 int copyTextFixed(const std::string& text, char* buffer, uint32_t size);
+// Remembers, when rc is 0, the write that failed with the thread's last error on the handle (object: the
+// domain, mailbox or list written, empty for the server). Returns rc.
+int noteWrite(int rc, _tMailServer* server, const std::string& object, const char* section, const char* name);
+
 // Parses what a caller hands to a Set operation. 0 on success, else the error code.
 uint32_t parseValueIn(uint32_t type, const void* data, uint32_t size, Value& value);
 

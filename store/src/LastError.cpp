@@ -1,5 +1,8 @@
 // The thread's last error and the texts of the codes the store and the dialogs use.
 #include <cstring>
+#include <string>
+
+#include "Util_p.h"
 
 #include "velbrook/ListStore.h"
 #include "velbrook/MailToolkit.h"
@@ -8,6 +11,7 @@
 namespace {
 
 thread_local uint32_t t_lastError = 0;
+thread_local std::string t_keyFile;
 
 struct CodeText {
     uint32_t code;
@@ -19,6 +23,7 @@ const CodeText kTexts[] = {
     {VB_ERROR_FILE_NOT_FOUND, "The system cannot find the file specified."},
     {VB_ERROR_PATH_NOT_FOUND, "The system cannot find the path specified."},
     {VB_ERROR_ACCESS_DENIED, "Access is denied."},
+    {VB_ERROR_INVALID_HANDLE, "The handle is invalid."},
     {VB_ERROR_NOT_ENOUGH_MEMORY, "Not enough memory resources are available to process this command."},
     {VB_ERROR_INVALID_DATA, "The data is invalid."},
     {VB_ERROR_NOT_SUPPORTED, "The request is not supported."},
@@ -39,12 +44,26 @@ const CodeText kTexts[] = {
     {VB_ERROR_CANCELLED, "The operation was canceled by the user."},
     {VB_ERROR_BAD_FILE, "The file is not a mail server configuration store."},
     {VB_ERROR_STORE_FAILURE, "The configuration store could not complete the operation."},
+    {VB_ERROR_STORE_TOO_NEW,
+     "The configuration store was written by a newer release of the mail server; this release leaves it "
+     "untouched."},
+    {VB_ERROR_STORE_LOG_UNREADABLE,
+     "The configuration store is read-only and its newest changes are still in its write-ahead log, which "
+     "cannot be read without write access to the store's folder."},
     {VB_ERROR_MAILBOX_LIMIT, "You cannot create any more mailboxes in this domain."},
     {VB_ERROR_PROPERTY_TOO_LARGE, "The property is too large."},
     {VB_ERROR_MAILLIST_LIMIT, "You cannot create any more mail lists in this domain."},
     {VB_ERROR_MAILBOX_BAD_NAME, "The mailbox name is not valid."},
-    {VB_ERROR_MAILBOX_KEY_FILE, "The mailbox password key file cannot be read or created."},
-    {VB_ERROR_MAILBOX_PASSWORD_SEALED, "The stored mailbox password cannot be decrypted with this key file."},
+    {VB_ERROR_MAILBOX_KEY_FILE, "The mailbox password key file %1 cannot be read or created."},
+    {VB_ERROR_MAILBOX_PASSWORD_SEALED,
+     "The stored mailbox passwords cannot be decrypted with the key file %1: it is not the key they were "
+     "sealed with. Restore the store's own key file; no password is written until then."},
+    {VB_ERROR_MAILBOX_KEY_MISSING,
+     "The mailbox password key file %1 is missing, but passwords sealed with it are stored. Restore the key "
+     "file beside the store; no password is written until then."},
+    {VB_ERROR_MAILBOX_KEY_UNSAFE,
+     "The mailbox password key file %1 can be read by other users; make it readable by its owner only "
+     "(chmod 600)."},
     {VB_ERROR_MAILLIST_BAD_NAME, "The mailing list or member name is not valid."},
 };
 
@@ -56,21 +75,33 @@ const char* textOf(uint32_t code)
     return nullptr;
 }
 
+// The code's text with "%1" replaced by the key file of the thread's last key error.
+bool describe(uint32_t code, std::string& out)
+{
+    const char* t = code == VB_ERROR_SUCCESS ? "" : textOf(code);
+    if (!t)
+        return false;
+    out = t;
+    const size_t at = out.find("%1");
+    if (at != std::string::npos)
+        out.replace(at, 2, t_keyFile.empty() ? std::string("beside the store") : '"' + t_keyFile + '"');
+    return true;
+}
+
 int managerText(uint32_t code, uint32_t family, char* text, uint32_t size)
 {
     if ((code & 0xE0F00000u) != (0xE0000000u | family))
         return 0;
-    const char* t = textOf(code);
-    if (!t || !text || size == 0)
+    std::string t;
+    if (!describe(code, t) || !text || size == 0 || t.size() + 1 > size)
         return 0;
-    const size_t n = std::strlen(t);
-    if (n + 1 > size)
-        return 0;
-    std::memcpy(text, t, n + 1);
+    std::memcpy(text, t.c_str(), t.size() + 1);
     return 1;
 }
 
 } // namespace
+
+void vb::setKeyFileDetail(const std::string& path) { t_keyFile = path; }
 
 extern "C" {
 
@@ -81,13 +112,12 @@ uint32_t VbErrorText(uint32_t code, char* text, uint32_t size)
 {
     if (!text || size == 0)
         return 0;
-    const char* t = code == VB_ERROR_SUCCESS ? "" : textOf(code);
-    if (!t)
-        t = "";
-    size_t n = std::strlen(t);
+    std::string t;
+    describe(code, t);
+    size_t n = t.size();
     if (n + 1 > size)
         n = size - 1; // cut, never overrun
-    std::memcpy(text, t, n);
+    std::memcpy(text, t.data(), n);
     text[n] = '\0';
     return uint32_t(n);
 }

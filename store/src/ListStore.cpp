@@ -57,6 +57,7 @@ _tMailingList* OpenMailingList(_tMailServer* server, const char* list, const cha
     }
     auto* l = new _tMailingList;
     l->server = server;
+    l->life = server->life;
     if (uint32_t e = server->connector->loadSnapshot(Kind::MailingList, d.name, list, l->snapshot)) {
         delete l;
         SetLastError(e);
@@ -120,6 +121,8 @@ int DestroyMailingList(_tMailServer* server, const char* list, const char* domai
 
 int GetMailingListProperty(_tMailingList* list, const char* name, void* buffer, uint32_t* size, uint32_t* type)
 {
+    if (gone(list))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!list)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return getObjectProperty(*list, "GetMailingListProperty", name, buffer, size, type);
@@ -127,6 +130,8 @@ int GetMailingListProperty(_tMailingList* list, const char* name, void* buffer, 
 
 int SetMailingListProperty(_tMailingList* list, uint32_t type, const char* name, const void* data, uint32_t size)
 {
+    if (gone(list))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!list)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return setObjectProperty(*list, "SetMailingListProperty", type, name, data, size);
@@ -134,6 +139,10 @@ int SetMailingListProperty(_tMailingList* list, uint32_t type, const char* name,
 
 _tMemberEnum* StartMailingListMemberEnumeration(_tMailingList* list)
 {
+    if (gone(list)) {
+        SetLastError(VB_ERROR_INVALID_HANDLE);
+        return nullptr;
+    }
     if (!list) {
         SetLastError(VB_ERROR_INVALID_PARAMETER);
         return nullptr;
@@ -174,6 +183,8 @@ int CloseMailingListMemberEnumeration(_tMemberEnum* e)
 
 int AddMailingListMember(_tMailingList* list, const char* address)
 {
+    if (gone(list))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!list || !address)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (!validObjectName(address))
@@ -188,6 +199,8 @@ int AddMailingListMember(_tMailingList* list, const char* address)
 
 int RemoveMailingListMember(_tMailingList* list, const char* address)
 {
+    if (gone(list))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!list || !validObjectName(address))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(list->server, "RemoveMailingListMember", nullptr, address))
@@ -204,6 +217,8 @@ int RemoveMailingListMember(_tMailingList* list, const char* address)
 int GetMailingListMemberProperty(_tMailingList* list, const char* address, const char* name, void* buffer,
                                  uint32_t* size, uint32_t* type)
 {
+    if (gone(list))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!list || !validObjectName(address) || !validObjectName(name) || !size)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     bool force = false;
@@ -222,6 +237,8 @@ int GetMailingListMemberProperty(_tMailingList* list, const char* address, const
 int SetMailingListMemberProperty(_tMailingList* list, const char* address, uint32_t type, const char* name,
                                  const void* data, uint32_t size)
 {
+    if (gone(list))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!list || !validObjectName(address) || !validObjectName(name))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(list->server, "SetMailingListMemberProperty", address, name))
@@ -347,6 +364,8 @@ int AddMailingListMembers(_tMailingList* list, const char* property, const char*
 
 int GetMailingListPluginInfo(_tMailingList* list, _tMailingListPluginInfo* info)
 {
+    if (gone(list))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!list || !info || info->cbSize < sizeof(_tMailingListPluginInfo))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(list->server, "GetMailingListPluginInfo", nullptr, nullptr))
@@ -366,6 +385,10 @@ int GetMailingListPluginInfo(_tMailingList* list, _tMailingListPluginInfo* info)
 
 _tMembershipConfig* LoadMailingListMembershipConfiguration(_tMailingList* list)
 {
+    if (gone(list)) {
+        SetLastError(VB_ERROR_INVALID_HANDLE);
+        return nullptr;
+    }
     if (!list) {
         SetLastError(VB_ERROR_INVALID_PARAMETER);
         return nullptr;
@@ -434,6 +457,8 @@ int ChangedMailingListMembershipConfiguration(const _tMembershipConfig* config)
 
 int SaveMailingListMembershipConfiguration(_tMailingList* list, _tMembershipConfig* config)
 {
+    if (gone(list))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!list || !config)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(list->server, "SaveMailingListMembershipConfiguration", nullptr, nullptr))

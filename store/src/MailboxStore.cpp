@@ -20,76 +20,118 @@ namespace {
 
 std::atomic<int> g_mailboxStoreUsers{0};
 
-// The key lives beside the store ("config.db.key"), readable by the store's owner only; it is made on
-// first use.
-uint32_t loadKey(_tMailServer* server, unsigned char key[crypto_secretbox_KEYBYTES])
+// Reads the key file: 0, VB_ERROR_FILE_NOT_FOUND when there is none, or a key error.
+uint32_t readKey(const std::string& path, unsigned char key[crypto_secretbox_KEYBYTES])
 {
-    if (sodium_init() < 0)
-        return VB_ERROR_MAILBOX_KEY_FILE;
-    const std::string path = server->location + ".key";
-    int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0 && errno == ENOENT) {
-        fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-        if (fd >= 0) {
-            randombytes_buf(key, crypto_secretbox_KEYBYTES);
-            const bool ok = ::write(fd, key, crypto_secretbox_KEYBYTES) == ssize_t(crypto_secretbox_KEYBYTES)
-                            && ::fsync(fd) == 0;
-            ::close(fd);
-            if (!ok) {
-                ::unlink(path.c_str());
-                return VB_ERROR_MAILBOX_KEY_FILE;
-            }
-            return 0;
-        }
-        if (errno != EEXIST)
-            return VB_ERROR_MAILBOX_KEY_FILE;
-        fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC); // another process made it first
-    }
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0)
-        return VB_ERROR_MAILBOX_KEY_FILE;
+        return errno == ENOENT ? VB_ERROR_FILE_NOT_FOUND : VB_ERROR_MAILBOX_KEY_FILE;
+    struct stat st {};
+    uint32_t e = 0;
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode) || st.st_size != crypto_secretbox_KEYBYTES)
+        e = VB_ERROR_MAILBOX_KEY_FILE;
+    else if (st.st_mode & 077)
+        e = VB_ERROR_MAILBOX_KEY_UNSAFE;
     size_t got = 0;
-    while (got < crypto_secretbox_KEYBYTES) {
+    while (!e && got < crypto_secretbox_KEYBYTES) {
         const ssize_t n = ::read(fd, key + got, crypto_secretbox_KEYBYTES - got);
+        if (n < 0 && errno == EINTR)
+            continue;
         if (n <= 0)
-            break;
-        got += size_t(n);
+            e = VB_ERROR_MAILBOX_KEY_FILE;
+        else
+            got += size_t(n);
     }
     ::close(fd);
-    return got == crypto_secretbox_KEYBYTES ? 0 : VB_ERROR_MAILBOX_KEY_FILE;
+    return e;
 }
 
-uint32_t seal(_tMailServer* server, const std::string& plain, std::string& sealed)
+// Writes a new key into a private temporary file and links it into place, so that no reader ever sees
+// a partial key; when another process linked its key first, that key is the one used.
+uint32_t createKey(const std::string& path, unsigned char key[crypto_secretbox_KEYBYTES])
 {
-    unsigned char key[crypto_secretbox_KEYBYTES];
-    if (uint32_t e = loadKey(server, key))
-        return e;
-    sealed.assign(crypto_secretbox_NONCEBYTES + crypto_secretbox_MACBYTES + plain.size(), '\0');
-    auto* out = reinterpret_cast<unsigned char*>(sealed.data());
-    randombytes_buf(out, crypto_secretbox_NONCEBYTES);
-    crypto_secretbox_easy(out + crypto_secretbox_NONCEBYTES, reinterpret_cast<const unsigned char*>(plain.data()),
-                          plain.size(), out, key);
-    sodium_memzero(key, sizeof key);
-    return 0;
+    std::string temporary = path + ".XXXXXX";
+    const int fd = ::mkstemp(temporary.data()); // mode 0600
+    if (fd < 0)
+        return VB_ERROR_MAILBOX_KEY_FILE;
+    randombytes_buf(key, crypto_secretbox_KEYBYTES);
+    const bool written = ::write(fd, key, crypto_secretbox_KEYBYTES) == ssize_t(crypto_secretbox_KEYBYTES)
+                         && ::fsync(fd) == 0;
+    ::close(fd);
+    const int linked = written ? ::link(temporary.c_str(), path.c_str()) : -1;
+    const int linkError = errno;
+    ::unlink(temporary.c_str());
+    if (linked == 0)
+        return 0;
+    sodium_memzero(key, crypto_secretbox_KEYBYTES);
+    return written && linkError == EEXIST ? readKey(path, key) : VB_ERROR_MAILBOX_KEY_FILE;
 }
 
-uint32_t unseal(_tMailServer* server, const std::string& sealed, std::string& plain)
+// The store's key. A key is made only for a store that holds no sealed password: where passwords
+// exist, a missing key is an error, never a reason to start another one.
+uint32_t loadKey(_tMailServer* server, bool mayCreate, unsigned char key[crypto_secretbox_KEYBYTES])
+{
+    setKeyFileDetail(server->keyPath);
+    if (sodium_init() < 0)
+        return VB_ERROR_MAILBOX_KEY_FILE;
+    const uint32_t e = readKey(server->keyPath, key);
+    if (e != VB_ERROR_FILE_NOT_FOUND)
+        return e;
+    std::string sealed;
+    const uint32_t found = server->connector->anySealedPassword(sealed);
+    if (found == 0 || (found == VB_ERROR_FILE_NOT_FOUND && !mayCreate))
+        return VB_ERROR_MAILBOX_KEY_MISSING;
+    if (found != VB_ERROR_FILE_NOT_FOUND)
+        return found;
+    return createKey(server->keyPath, key);
+}
+
+bool opens(const std::string& sealed, const unsigned char key[crypto_secretbox_KEYBYTES], std::string& plain)
 {
     if (sealed.size() < crypto_secretbox_NONCEBYTES + crypto_secretbox_MACBYTES)
-        return VB_ERROR_MAILBOX_PASSWORD_SEALED;
-    unsigned char key[crypto_secretbox_KEYBYTES];
-    if (uint32_t e = loadKey(server, key))
-        return e;
+        return false;
     const auto* in = reinterpret_cast<const unsigned char*>(sealed.data());
     plain.assign(sealed.size() - crypto_secretbox_NONCEBYTES - crypto_secretbox_MACBYTES, '\0');
     const int rc = crypto_secretbox_open_easy(reinterpret_cast<unsigned char*>(plain.data()),
                                               in + crypto_secretbox_NONCEBYTES,
                                               sealed.size() - crypto_secretbox_NONCEBYTES, in, key);
-    sodium_memzero(key, sizeof key);
-    if (rc != 0) {
+    if (rc != 0)
         plain.clear();
-        return VB_ERROR_MAILBOX_PASSWORD_SEALED;
+    return rc == 0;
+}
+
+uint32_t seal(_tMailServer* server, const std::string& plain, std::string& sealed)
+{
+    unsigned char key[crypto_secretbox_KEYBYTES];
+    if (uint32_t e = loadKey(server, true, key))
+        return e;
+    // Never seal under a key the passwords already stored do not open.
+    std::string other, check;
+    uint32_t e = server->connector->anySealedPassword(other);
+    if (e == VB_ERROR_FILE_NOT_FOUND)
+        e = 0;
+    else if (!e && !opens(other, key, check))
+        e = VB_ERROR_MAILBOX_PASSWORD_SEALED;
+    sodium_memzero(check.data(), check.size());
+    if (!e) {
+        sealed.assign(crypto_secretbox_NONCEBYTES + crypto_secretbox_MACBYTES + plain.size(), '\0');
+        auto* out = reinterpret_cast<unsigned char*>(sealed.data());
+        randombytes_buf(out, crypto_secretbox_NONCEBYTES);
+        crypto_secretbox_easy(out + crypto_secretbox_NONCEBYTES,
+                              reinterpret_cast<const unsigned char*>(plain.data()), plain.size(), out, key);
     }
-    return 0;
+    sodium_memzero(key, sizeof key);
+    return e;
+}
+
+uint32_t unseal(_tMailServer* server, const std::string& sealed, std::string& plain)
+{
+    unsigned char key[crypto_secretbox_KEYBYTES];
+    if (uint32_t e = loadKey(server, false, key))
+        return e;
+    const bool ok = opens(sealed, key, plain);
+    sodium_memzero(key, sizeof key);
+    return ok ? 0 : VB_ERROR_MAILBOX_PASSWORD_SEALED;
 }
 
 uint32_t countWith(_tMailServer* server, const char* domain, bool calendaring, uint32_t* count)
@@ -157,6 +199,7 @@ _tMailbox* OpenMailbox(_tMailServer* server, const char* address)
     }
     auto* mailbox = new _tMailbox;
     mailbox->server = server;
+    mailbox->life = server->life;
     if (uint32_t e = server->connector->loadSnapshot(Kind::Mailbox, domainName, local, mailbox->snapshot)) {
         delete mailbox;
         SetLastError(e);
@@ -233,6 +276,8 @@ int DestroyMailbox(_tMailServer* server, const char* address)
 
 int GetMailboxProperty(_tMailbox* mailbox, const char* name, void* buffer, uint32_t* size, uint32_t* type)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return getObjectProperty(*mailbox, "GetMailboxProperty", name, buffer, size, type);
@@ -240,6 +285,8 @@ int GetMailboxProperty(_tMailbox* mailbox, const char* name, void* buffer, uint3
 
 int SetMailboxProperty(_tMailbox* mailbox, uint32_t type, const char* name, const void* data, uint32_t size)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return setObjectProperty(*mailbox, "SetMailboxProperty", type, name, data, size);
@@ -247,6 +294,8 @@ int SetMailboxProperty(_tMailbox* mailbox, uint32_t type, const char* name, cons
 
 int LookupMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return lookupObjectList(*mailbox, "LookupMailboxListProperty", name, element);
@@ -254,6 +303,8 @@ int LookupMailboxListProperty(_tMailbox* mailbox, const char* name, const char* 
 
 int AddToMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return addToObjectList(*mailbox, "AddToMailboxListProperty", name, element);
@@ -261,6 +312,8 @@ int AddToMailboxListProperty(_tMailbox* mailbox, const char* name, const char* e
 
 int RemoveFromMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     return removeFromObjectList(*mailbox, "RemoveFromMailboxListProperty", name, element);
@@ -268,6 +321,8 @@ int RemoveFromMailboxListProperty(_tMailbox* mailbox, const char* name, const ch
 
 int CreateMailboxAlias(_tMailbox* mailbox, const char* alias)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !validObjectName(alias) || std::strchr(alias, '@'))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "CreateMailboxAlias", nullptr, alias))
@@ -279,6 +334,8 @@ int CreateMailboxAlias(_tMailbox* mailbox, const char* alias)
 
 int DestroyMailboxAlias(_tMailbox* mailbox, const char* alias)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !validObjectName(alias))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "DestroyMailboxAlias", nullptr, alias))
@@ -290,6 +347,8 @@ int DestroyMailboxAlias(_tMailbox* mailbox, const char* alias)
 
 int GetMailboxAliasNames(_tMailbox* mailbox, char* buffer, uint32_t* size)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !size)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "GetMailboxAliasNames", nullptr, nullptr))
@@ -302,6 +361,8 @@ int GetMailboxAliasNames(_tMailbox* mailbox, char* buffer, uint32_t* size)
 
 int GetMailboxPassword(_tMailbox* mailbox, char* password, uint32_t* size)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !size)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "GetMailboxPassword", nullptr, nullptr))
@@ -321,6 +382,8 @@ int GetMailboxPassword(_tMailbox* mailbox, char* password, uint32_t* size)
 
 int SetMailboxPassword(_tMailbox* mailbox, const char* password)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !password || std::strlen(password) > 1024)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "SetMailboxPassword", nullptr, nullptr))
@@ -335,6 +398,8 @@ int SetMailboxPassword(_tMailbox* mailbox, const char* password)
 
 int GetMailboxPluginInfo(_tMailbox* mailbox, _tMailboxPluginInfo* info)
 {
+    if (gone(mailbox))
+        return failWith(VB_ERROR_INVALID_HANDLE);
     if (!mailbox || !info || info->cbSize < sizeof(_tMailboxPluginInfo))
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(mailbox->server, "GetMailboxPluginInfo", nullptr, nullptr))

@@ -9,10 +9,14 @@ namespace vb {
 
 struct OpenObject {
     _tMailServer* server = nullptr;
+    std::weak_ptr<int> life; // of the server handle
     Snapshot snapshot;
 
     const ObjectRef& ref() const { return snapshot.object; }
 };
+
+// An object whose server handle was closed: every use but closing fails with VB_ERROR_INVALID_HANDLE.
+inline bool gone(const OpenObject* o) { return o && o->life.expired(); }
 
 // Property access shared by the three kinds; operation names are those of the C functions.
 int getObjectProperty(OpenObject& o, const char* operation, const char* name, void* buffer, uint32_t* size,
@@ -29,7 +33,7 @@ uint32_t defaultDomain(_tMailServer* server, ObjectRef& domain);
 uint32_t resolveDomain(_tMailServer* server, const std::string& domainName, ObjectRef& domain);
 bool splitAddress(const char* address, std::string& local, std::string& domain);
 
-// Names: at most 255 bytes, no control characters, not empty.
+// Names: valid UTF-8 of at most 255 bytes, no control characters, not empty.
 bool validObjectName(const char* name);
 
 } // namespace vb

@@ -1,5 +1,7 @@
 // Opening a configuration, server properties, constants and the machine.
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -117,6 +119,27 @@ std::vector<std::string> thisHostAddresses()
 
 } // namespace
 
+int vb::noteWrite(int rc, _tMailServer* server, const std::string& object, const char* section, const char* name)
+{
+    if (rc || !server)
+        return rc;
+    const uint32_t error = GetLastError();
+    std::lock_guard lock(server->failedMutex);
+    auto& failed = server->failedWrites;
+    if (failed.size() >= VB_MAX_FAILED_WRITES) {
+        ++failed.back().more;
+    } else {
+        _tFailedWrite w{};
+        w.error = error;
+        std::snprintf(w.object, sizeof w.object, "%s", object.c_str());
+        std::snprintf(w.section, sizeof w.section, "%s", section ? section : "");
+        std::snprintf(w.name, sizeof w.name, "%s", name ? name : "");
+        failed.push_back(w);
+    }
+    SetLastError(error);
+    return rc;
+}
+
 extern "C" {
 
 _tMailServer* OpenMailServer(const char* location)
@@ -145,6 +168,13 @@ _tMailServer* OpenMailServer(const char* location)
     }
     auto* server = new _tMailServer;
     server->location = path;
+    // Resolved once, so that a symbolic link or a later chdir never points the key somewhere else.
+    if (char* real = ::realpath(path.c_str(), nullptr)) {
+        server->keyPath = std::string(real) + ".key";
+        std::free(real);
+    } else {
+        server->keyPath = path + ".key";
+    }
     server->connector = std::move(c);
     SetLastError(0);
     return server;
@@ -174,7 +204,7 @@ int GetMailServerProperty(_tMailServer* server, const char* section, const char*
     return copyValueOut(v, buffer, size, type, force);
 }
 
-int SetMailServerProperty(_tMailServer* server, const char* section, uint32_t type, const char* name,
+static int setMailServerPropertyNow(_tMailServer* server, const char* section, uint32_t type, const char* name,
                           const void* data, uint32_t size)
 {
     if (!server || !validName(name) || !validSection(section))
@@ -189,7 +219,7 @@ int SetMailServerProperty(_tMailServer* server, const char* section, uint32_t ty
     return 1;
 }
 
-int DeleteMailServerProperty(_tMailServer* server, const char* section, const char* name)
+static int deleteMailServerPropertyNow(_tMailServer* server, const char* section, const char* name)
 {
     if (!server || !validName(name) || !validSection(section))
         return failWith(VB_ERROR_INVALID_PARAMETER);
@@ -235,7 +265,7 @@ int LookupMailServerListProperty(_tMailServer* server, const char* section, cons
     return 1;
 }
 
-int AddToMailServerListProperty(_tMailServer* server, const char* section, const char* name, const char* element)
+static int addToMailServerListPropertyNow(_tMailServer* server, const char* section, const char* name, const char* element)
 {
     if (!server || !validName(name) || !validSection(section) || !element || !*element)
         return failWith(VB_ERROR_INVALID_PARAMETER);
@@ -248,7 +278,7 @@ int AddToMailServerListProperty(_tMailServer* server, const char* section, const
     return 1;
 }
 
-int RemoveFromMailServerListProperty(_tMailServer* server, const char* section, const char* name,
+static int removeFromMailServerListPropertyNow(_tMailServer* server, const char* section, const char* name,
                                      const char* element)
 {
     if (!server || !validName(name) || !validSection(section) || !element)
@@ -257,6 +287,46 @@ int RemoveFromMailServerListProperty(_tMailServer* server, const char* section, 
         return failWith(e);
     if (uint32_t e = server->connector->listRemove(kServer, sv(section), name, element))
         return failWith(e);
+    return 1;
+}
+
+int SetMailServerProperty(_tMailServer* server, const char* section, uint32_t type, const char* name,
+                          const void* data, uint32_t size)
+{
+    return noteWrite(setMailServerPropertyNow(server, section, type, name, data, size), server, {}, section, name);
+}
+
+int DeleteMailServerProperty(_tMailServer* server, const char* section, const char* name)
+{
+    return noteWrite(deleteMailServerPropertyNow(server, section, name), server, {}, section, name);
+}
+
+int AddToMailServerListProperty(_tMailServer* server, const char* section, const char* name, const char* element)
+{
+    return noteWrite(addToMailServerListPropertyNow(server, section, name, element), server, {}, section, name);
+}
+
+int RemoveFromMailServerListProperty(_tMailServer* server, const char* section, const char* name,
+                                     const char* element)
+{
+    return noteWrite(removeFromMailServerListPropertyNow(server, section, name, element), server, {}, section, name);
+}
+
+int TakeFailedMailServerWrites(_tMailServer* server, _tFailedWrite* writes, uint32_t* count)
+{
+    if (!server || !count)
+        return failWith(VB_ERROR_INVALID_PARAMETER);
+    std::lock_guard lock(server->failedMutex);
+    auto& failed = server->failedWrites;
+    if (!writes) {
+        *count = uint32_t(failed.size());
+    } else {
+        const size_t n = std::min<size_t>(*count, failed.size());
+        std::copy_n(failed.begin(), n, writes);
+        failed.erase(failed.begin(), failed.begin() + ptrdiff_t(n));
+        *count = uint32_t(n);
+    }
+    SetLastError(0);
     return 1;
 }
 

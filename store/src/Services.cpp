@@ -113,44 +113,73 @@ uint32_t stateOf(_tMailServer* server, const ServiceRecord& r, uint32_t& state)
     return 0;
 }
 
-uint32_t control(_tMailServer* server, const char* service, bool start)
+// Whether a service in this state may be started (or stopped): 0, or why not.
+uint32_t mayControl(uint32_t state, bool start)
 {
-    ServiceRecord r;
-    if (uint32_t e = server->connector->getService(service, r))
-        return e;
-    uint32_t state = 0;
-    if (uint32_t e = stateOf(server, r, state))
-        return e;
     if (start && (state == VB_SERVICE_RUNNING || state == VB_SERVICE_START_PENDING))
         return VB_ERROR_SERVICE_ALREADY_RUNNING;
     if (!start && (state == VB_SERVICE_STOPPED || state == VB_SERVICE_STOP_PENDING))
         return VB_ERROR_SERVICE_NOT_ACTIVE;
     if (state != VB_SERVICE_RUNNING && state != VB_SERVICE_STOPPED && state != VB_SERVICE_PAUSED)
         return VB_ERROR_SERVICE_CANNOT_ACCEPT_CTRL;
+    return 0;
+}
 
-    if (r.controller == "systemd") {
-        const std::string unit = r.unit.empty() ? r.name : r.unit;
-        const int rc = runSystemctl({start ? "start" : "stop", "--no-block", "--", unit}, nullptr);
-        if (rc == 0)
-            return 0;
-        if (rc == 4)
-            return VB_ERROR_ACCESS_DENIED;
-        if (rc == 5)
-            return VB_ERROR_SERVICE_DOES_NOT_EXIST;
-        return VB_ERROR_SERVICE_REQUEST_TIMEOUT;
-    }
+uint32_t controlSystemd(const ServiceRecord& r, bool start)
+{
+    uint32_t state = 0;
+    const std::string unit = r.unit.empty() ? r.name : r.unit;
+    if (uint32_t e = systemdState(unit, state))
+        return e;
+    if (uint32_t e = mayControl(state, start))
+        return e;
+    const int rc = runSystemctl({start ? "start" : "stop", "--no-block", "--", unit}, nullptr);
+    if (rc == 0)
+        return 0;
+    if (rc == 4)
+        return VB_ERROR_ACCESS_DENIED;
+    if (rc == 5)
+        return VB_ERROR_SERVICE_DOES_NOT_EXIST;
+    return VB_ERROR_SERVICE_REQUEST_TIMEOUT;
+}
+
+// A builtin service's state is checked and changed inside one write transaction, so that of two
+// simultaneous starts exactly one succeeds.
+uint32_t controlBuiltin(_tMailServer* server, const char* service, bool start)
+{
+    ServiceRecord r;
+    uint32_t e = server->connector->getService(service, r);
+    if (!e)
+        e = mayControl(builtinState(r), start);
+    if (e)
+        return e;
     const uint32_t ms = pendingMs(server, r.name);
     const uint32_t target = start ? VB_SERVICE_RUNNING : VB_SERVICE_STOPPED;
     if (ms == 0) {
         r.state = target;
         r.pendingState = 0;
     } else {
-        r.state = state;
+        r.state = builtinState(r);
         r.pendingState = start ? VB_SERVICE_START_PENDING : VB_SERVICE_STOP_PENDING;
         r.finalState = target;
         r.pendingUntilMs = nowMs() + ms;
     }
     return server->connector->putService(r);
+}
+
+int control(_tMailServer* server, const char* service, bool start)
+{
+    ServiceRecord r;
+    if (uint32_t e = server->connector->getService(service, r))
+        return failWith(e);
+    if (r.controller == "systemd") {
+        if (uint32_t e = controlSystemd(r, start))
+            return failWith(e);
+        return 1;
+    }
+    if (uint32_t e = server->connector->begin())
+        return failWith(e);
+    return endTransaction(server, controlBuiltin(server, service, start));
 }
 
 } // namespace
@@ -207,9 +236,7 @@ int StartMailService(_tMailServer* server, const char* service)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(server, "StartMailService", nullptr, service))
         return failWith(e);
-    if (uint32_t e = control(server, service, true))
-        return failWith(e);
-    return 1;
+    return control(server, service, true);
 }
 
 int StopMailService(_tMailServer* server, const char* service)
@@ -218,9 +245,7 @@ int StopMailService(_tMailServer* server, const char* service)
         return failWith(VB_ERROR_INVALID_PARAMETER);
     if (uint32_t e = intercept(server, "StopMailService", nullptr, service))
         return failWith(e);
-    if (uint32_t e = control(server, service, false))
-        return failWith(e);
-    return 1;
+    return control(server, service, false);
 }
 
 int VbRegisterMailService(_tMailServer* server, const char* service, const char* displayName,

@@ -126,6 +126,8 @@ uint32_t SqliteConnector::begin()
     std::lock_guard lock(m_mutex);
     if (m_readOnly)
         return VB_ERROR_ACCESS_DENIED;
+    if (m_depth == 0 && !sqlite3_get_autocommit(m_db))
+        sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr); // never build on a transaction left open
     // Nested transactions are savepoints, so that an inner failure undoes only its own work.
     Stmt s = prepare(m_depth == 0 ? "BEGIN IMMEDIATE" : "SAVEPOINT vb_nested");
     if (!s)
@@ -166,7 +168,9 @@ void SqliteConnector::rollback()
     std::lock_guard lock(m_mutex);
     if (m_depth == 0)
         return;
-    if (m_depth > 1) {
+    // SQLite ends the whole transaction itself after some failures (a full disk, an I/O error): then
+    // there is no savepoint left to return to, and the outermost level is done as well.
+    if (m_depth > 1 && !sqlite3_get_autocommit(m_db)) {
         sqlite3_exec(m_db, "ROLLBACK TO vb_nested; RELEASE vb_nested", nullptr, nullptr, nullptr);
         --m_depth;
         return;
@@ -276,8 +280,40 @@ CREATE TABLE alias_mapping(seq INTEGER PRIMARY KEY, alias TEXT NOT NULL, target 
 CREATE TABLE retry_request(id INTEGER PRIMARY KEY, name TEXT NOT NULL, requested INTEGER NOT NULL);
 )SQL";
 
+// Version 2: name keys folded for all of Unicode, not only ASCII (vb_fold). Folding a key folded for ASCII
+// gives the key of the original name. Names that now collide keep their old key rather than fail the store.
+static const char* const kSchemaV2 = R"SQL(
+UPDATE OR IGNORE object SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
+UPDATE OR IGNORE property SET section_key = vb_fold(section_key), name_key = vb_fold(name_key)
+  WHERE section_key <> vb_fold(section_key) OR name_key <> vb_fold(name_key);
+UPDATE OR IGNORE list_element SET section_key = vb_fold(section_key), name_key = vb_fold(name_key),
+  element_key = vb_fold(element_key)
+  WHERE section_key <> vb_fold(section_key) OR name_key <> vb_fold(name_key) OR element_key <> vb_fold(element_key);
+UPDATE OR IGNORE synonym SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
+UPDATE OR IGNORE mailbox_alias SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
+UPDATE OR IGNORE service SET name_key = vb_fold(name_key) WHERE name_key <> vb_fold(name_key);
+)SQL";
+
+// Version 3: numbers by property name and value, so the largest mailboxes are found without reading
+// every mailbox.
+static const char* const kSchemaV3 = R"SQL(
+CREATE INDEX IF NOT EXISTS property_number ON property(name_key, value) WHERE type = 4;
+)SQL";
+
 // Schema steps: kMigrations[i] takes a store from version i to version i + 1.
-static const char* const kMigrations[] = {kSchemaV1};
+static const char* const kMigrations[] = {kSchemaV1, kSchemaV2, kSchemaV3};
+
+// vb_fold(text): the store's folding of a name, for the migration and for comparisons in SQL.
+static void sqlFold(sqlite3_context* context, int, sqlite3_value** argv)
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
+    if (!text) {
+        sqlite3_result_null(context);
+        return;
+    }
+    const std::string folded = fold(std::string_view(text, size_t(sqlite3_value_bytes(argv[0]))));
+    sqlite3_result_text64(context, folded.data(), folded.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
 
 static std::string uriEscape(const std::string& path)
 {
@@ -325,6 +361,10 @@ std::unique_ptr<SqliteConnector> SqliteConnector::open(const std::string& path, 
         error = VB_ERROR_BAD_FILE;
         return nullptr;
     }
+    if (exists && ::access(path.c_str(), R_OK) != 0) {
+        error = VB_ERROR_ACCESS_DENIED; // another user's store: there, but not ours to read
+        return nullptr;
+    }
     if (!exists) {
         // Create it ourselves so that it never exists with a wider mode; SQLite gives the -wal and -shm
         // files the mode of the database file.
@@ -346,8 +386,14 @@ std::unique_ptr<SqliteConnector> SqliteConnector::open(const std::string& path, 
         c->initialise(error);
     else
         error = mapSqlite(rc);
-    if (error && c->m_readOnly && error != VB_ERROR_BAD_FILE) {
-        // A read-only WAL store in a folder we cannot write to: read it as an immutable file.
+    if (error && c->m_readOnly && error != VB_ERROR_BAD_FILE && error != VB_ERROR_STORE_TOO_NEW) {
+        // A read-only WAL store in a folder we cannot write to: read it as an immutable file, but only
+        // when its log holds nothing, since an immutable read ignores the log's committed changes.
+        struct stat wal {};
+        if (::stat((path + "-wal").c_str(), &wal) == 0 && wal.st_size > 0) {
+            error = VB_ERROR_STORE_LOG_UNREADABLE;
+            return nullptr;
+        }
         for (auto& [sql, s] : c->m_cache)
             sqlite3_finalize(s);
         c->m_cache.clear();
@@ -366,13 +412,13 @@ std::unique_ptr<SqliteConnector> SqliteConnector::open(const std::string& path, 
 }
 
 // The version a store's schema is at; false when it cannot be read.
-static bool readSchemaVersion(sqlite3* db, uint32_t& version)
+static bool readSchemaVersion(sqlite3* db, int64_t& version)
 {
     sqlite3_stmt* s = nullptr;
     const bool ok = sqlite3_prepare_v2(db, "SELECT max(version) FROM vb_schema", -1, &s, nullptr) == SQLITE_OK
                     && sqlite3_step(s) == SQLITE_ROW;
     if (ok)
-        version = uint32_t(sqlite3_column_int64(s, 0));
+        version = sqlite3_column_int64(s, 0);
     sqlite3_finalize(s);
     return ok;
 }
@@ -381,6 +427,8 @@ uint32_t SqliteConnector::initialise(uint32_t& error)
 {
     sqlite3_busy_timeout(m_db, 5000);
     sqlite3_extended_result_codes(m_db, 0);
+    sqlite3_create_function_v2(m_db, "vb_fold", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, sqlFold, nullptr,
+                               nullptr, nullptr);
     exec("PRAGMA foreign_keys = ON");
 
     // Is it a store at all? Reading the schema fails on a file that is not a database.
@@ -407,30 +455,35 @@ uint32_t SqliteConnector::initialise(uint32_t& error)
         error = VB_ERROR_BAD_FILE;
         return error;
     }
-    if (!m_readOnly) {
-        exec("PRAGMA journal_mode = WAL");
-        exec("PRAGMA synchronous = NORMAL");
-    }
     if (!hasSchema && m_readOnly) {
         error = VB_ERROR_BAD_FILE;
         return error;
     }
 
-    uint32_t version = 0;
+    // The version is checked before anything in the file changes (the journal mode included).
+    int64_t version = 0;
     if (hasSchema && !readSchemaVersion(m_db, version)) {
         error = VB_ERROR_BAD_FILE;
         return error;
     }
-    if (version > kSchemaVersion) {
-        error = VB_ERROR_BAD_FILE; // written by a newer release
+    if (version < 0) {
+        error = VB_ERROR_BAD_FILE;
         return error;
     }
-    if (version < kSchemaVersion) {
+    if (version > int64_t(kSchemaVersion)) {
+        error = VB_ERROR_STORE_TOO_NEW;
+        return error;
+    }
+    if (!m_readOnly) {
+        exec("PRAGMA journal_mode = WAL");
+        exec("PRAGMA synchronous = NORMAL");
+    }
+    if (version < int64_t(kSchemaVersion)) {
         if (m_readOnly) {
             error = VB_ERROR_ACCESS_DENIED;
             return error;
         }
-        error = migrate(version);
+        error = migrate(uint32_t(version));
         if (error)
             return error;
     }
@@ -445,16 +498,20 @@ uint32_t SqliteConnector::migrate(uint32_t from)
     // Another process may be creating the same store: decide inside the write lock.
     if (uint32_t e = exec("BEGIN IMMEDIATE"))
         return e;
-    uint32_t version = 0;
+    int64_t version = 0;
     readSchemaVersion(m_db, version); // no table yet: version 0
     (void)from;
-    for (uint32_t v = version; v < kSchemaVersion; ++v) {
+    if (version < 0 || version > int64_t(kSchemaVersion)) {
+        exec("ROLLBACK");
+        return version < 0 ? VB_ERROR_BAD_FILE : VB_ERROR_STORE_TOO_NEW;
+    }
+    for (auto v = uint32_t(version); v < kSchemaVersion; ++v) {
         if (uint32_t e = exec(kMigrations[v])) {
             exec("ROLLBACK");
             return e;
         }
     }
-    if (version < kSchemaVersion) {
+    if (version < int64_t(kSchemaVersion)) {
         sqlite3_stmt* s = nullptr;
         sqlite3_prepare_v2(m_db, "INSERT INTO vb_schema(version, created) VALUES (?, ?)", -1, &s, nullptr);
         sqlite3_bind_int64(s, 1, kSchemaVersion);
@@ -709,10 +766,17 @@ uint32_t SqliteConnector::listAdd(const ObjectRef& owner, std::string_view secti
 {
     return transaction([&]() -> uint32_t {
         const std::string sk = fold(section), nk = fold(name);
+        // An element never replaces a text or a number held under the name.
+        Stmt t = prepare("SELECT type FROM property WHERE owner = ? AND section_key = ? AND name_key = ?");
+        t.bind(1, owner.id).bind(2, sk).bind(3, nk);
+        const int rc = t.step();
+        if (rc == SQLITE_ROW && t.int64(0) != VB_TYPE_MULTI_STRING)
+            return uint32_t(VB_ERROR_INVALID_DATA);
+        if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+            return fail(rc);
         // The property row marks the list as existing (an emptied list still reads as an empty list).
         Stmt m = prepare("INSERT INTO property(owner, section_key, name_key, section, name, type, value) "
-                         "VALUES (?, ?, ?, ?, ?, 7, NULL) ON CONFLICT(owner, section_key, name_key) "
-                         "DO UPDATE SET type = 7, value = NULL WHERE type <> 7");
+                         "VALUES (?, ?, ?, ?, ?, 7, NULL) ON CONFLICT(owner, section_key, name_key) DO NOTHING");
         m.bind(1, owner.id).bind(2, sk).bind(3, nk).bind(4, section).bind(5, name);
         if (uint32_t e = stepDone(m))
             return e;
@@ -992,8 +1056,8 @@ uint32_t SqliteConnector::findDomainByProperty(std::string_view property, std::s
     std::lock_guard lock(m_mutex);
     Stmt s = prepare("SELECT o.id, o.name FROM object o JOIN property p ON p.owner = o.id AND p.section_key = '' "
                      "AND p.name_key = ? WHERE o.kind = 1 AND o.parent = 0 AND p.type = 1 "
-                     "AND p.value = ? COLLATE NOCASE ORDER BY o.name_key LIMIT 1");
-    s.bind(1, fold(property)).bind(2, text);
+                     "AND vb_fold(p.value) = ? ORDER BY o.name_key LIMIT 1");
+    s.bind(1, fold(property)).bind(2, fold(text));
     return readObject(s, Kind::Domain, 0, domain);
 }
 
@@ -1009,6 +1073,19 @@ uint32_t SqliteConnector::getPassword(const ObjectRef& mailbox, std::string& sea
         return fail(rc);
     if (s.type(0) == SQLITE_NULL)
         return VB_ERROR_FILE_NOT_FOUND;
+    sealed = s.text(0);
+    return 0;
+}
+
+uint32_t SqliteConnector::anySealedPassword(std::string& sealed)
+{
+    std::lock_guard lock(m_mutex);
+    Stmt s = prepare("SELECT password FROM object WHERE password IS NOT NULL LIMIT 1");
+    const int rc = s.step();
+    if (rc == SQLITE_DONE)
+        return VB_ERROR_FILE_NOT_FOUND;
+    if (rc != SQLITE_ROW)
+        return fail(rc);
     sealed = s.text(0);
     return 0;
 }

@@ -37,7 +37,7 @@ private:
 
 class SqliteConnector final : public Connector {
 public:
-    static constexpr uint32_t kSchemaVersion = 1;
+    static constexpr uint32_t kSchemaVersion = 3;
 
     ~SqliteConnector() override;
     static std::unique_ptr<SqliteConnector> open(const std::string& path, uint32_t& error);
@@ -85,6 +85,7 @@ public:
 
     uint32_t getPassword(const ObjectRef& mailbox, std::string& sealed) override;
     uint32_t setPassword(const ObjectRef& mailbox, std::string_view sealed) override;
+    uint32_t anySealedPassword(std::string& sealed) override;
 
     uint32_t synonymNames(int64_t domain, std::vector<std::string>& names) override;
     uint32_t findSynonym(std::string_view synonym, ObjectRef& domain) override;
@@ -117,6 +118,14 @@ public:
     void trafficDrop(uint64_t id) override;
     uint32_t setTraffic(const ObjectRef& mailbox, const uint32_t counters[7]) override;
 
+    // SqliteStatistics.cpp
+    uint32_t bulkMailboxes(int64_t domain, uint32_t count,
+                           const std::function<bool(uint32_t, BulkMailbox&)>& next) override;
+    uint32_t objectCounts(ObjectCounts& counts) override;
+    uint32_t quotaCounts(QuotaCounts& counts) override;
+    uint32_t trafficTotals(uint64_t totals[7]) override;
+    uint32_t largestMailboxes(uint32_t limit, std::vector<MailboxUsage>& rows) override;
+
 private:
     SqliteConnector() = default;
     uint32_t initialise(uint32_t& error);
@@ -147,6 +156,7 @@ private:
     template <class Items, class Bind>
     uint32_t insertEach(const char* sql, const Items& items, Bind&& bind);
     uint32_t updateMailboxCount(int64_t domain, int64_t delta);
+    uint32_t insertBulkMailbox(int64_t domain, const BulkMailbox& row);
 
     // A transaction that nests inside one the caller opened with begin().
     class Tx;

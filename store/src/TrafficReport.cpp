@@ -15,6 +15,7 @@ using namespace vb;
 
 struct CTrafficReport::Private {
     _tMailServer* server = nullptr;
+    std::weak_ptr<int> life; // of the server handle
     uint64_t id = 0;
     bool generated = false;
     uint64_t rows = 0;
@@ -26,11 +27,16 @@ namespace {
 
 void appendField(std::string& out, std::string_view field)
 {
-    if (field.find_first_of(",\"\r\n") == std::string_view::npos) {
+    // A spreadsheet takes a field that starts with one of these for a formula: such a field is quoted
+    // and led by an apostrophe, which shows it as text.
+    const bool formula = !field.empty() && std::string_view("=+-@\t\r").find(field.front()) != std::string_view::npos;
+    if (!formula && field.find_first_of(",\"\r\n") == std::string_view::npos) {
         out += field;
         return;
     }
     out += '"';
+    if (formula)
+        out += '\'';
     for (char c : field) {
         if (c == '"')
             out += '"';
@@ -52,13 +58,15 @@ struct FileCloser {
 CTrafficReport::CTrafficReport(_tMailServer* server) : d(std::make_unique<Private>())
 {
     d->server = server;
-    if (server)
+    if (server) {
+        d->life = server->life;
         d->id = server->nextReportId++;
+    }
 }
 
 CTrafficReport::~CTrafficReport()
 {
-    if (d->server && d->generated)
+    if (d->server && d->generated && !d->life.expired())
         d->server->connector->trafficDrop(d->id);
 }
 
@@ -75,6 +83,10 @@ uint64_t CTrafficReport::RowCount() const
 
 bool CTrafficReport::Generate(const char* name, _tTrafficStatistics thresholds)
 {
+    if (d->server && d->life.expired()) {
+        SetLastError(VB_ERROR_INVALID_HANDLE);
+        return false;
+    }
     if (!d->server) {
         SetLastError(VB_ERROR_INVALID_PARAMETER);
         return false;
@@ -118,6 +130,10 @@ bool CTrafficReport::Generate(const char* name, _tTrafficStatistics thresholds)
 // at the end, so that a failed or cancelled save never leaves half a report.
 bool CTrafficReport::Save(const char* fileName)
 {
+    if (d->server && d->life.expired()) {
+        SetLastError(VB_ERROR_INVALID_HANDLE);
+        return false;
+    }
     if (!d->server || !fileName || !*fileName) {
         SetLastError(VB_ERROR_INVALID_PARAMETER);
         return false;

@@ -56,7 +56,7 @@ CIp4AddressEdit::CIp4AddressEdit(QWidget* parent) : QWidget(parent)
         m_fields[std::size_t(i)] = edit;
         layout->addWidget(edit);
         if (i < 3) {
-            auto* dot = new QLabel(QStringLiteral("."), this);
+            auto* dot = new QLabel(tr("."), this);
             dot->setAlignment(Qt::AlignCenter);
             layout->addWidget(dot);
         }

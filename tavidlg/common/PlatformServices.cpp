@@ -11,6 +11,7 @@
 namespace {
 
 CPlatformServices* g_services = nullptr;
+int g_waitCursors = 0; // CWaitCursor objects alive
 
 CPlatformServices& qtServices()
 {
@@ -44,8 +45,15 @@ QWidget* messageOwner()
 
 int taviMessageBox(const QString& text, unsigned style, const QString& caption)
 {
-    return platform().messageBox(messageOwner(), text,
-                                 caption.isEmpty() ? TaviString(IDS_TAVI_MESSAGE_CAPTION) : caption, style);
+    // A message never shows under the wait cursor: it is lifted for the box and put back after it.
+    const int waiting = g_waitCursors;
+    for (int i = 0; i < waiting; ++i)
+        platform().setWaitCursor(false);
+    const int result = platform().messageBox(messageOwner(), text,
+                                             caption.isEmpty() ? TaviString(IDS_TAVI_MESSAGE_CAPTION) : caption, style);
+    for (int i = 0; i < waiting; ++i)
+        platform().setWaitCursor(true);
+    return result;
 }
 
 void inputBeep(QLineEdit* edit)
@@ -59,10 +67,12 @@ void inputBeep(QLineEdit* edit)
 
 CWaitCursor::CWaitCursor()
 {
+    ++g_waitCursors;
     platform().setWaitCursor(true);
 }
 
 CWaitCursor::~CWaitCursor()
 {
+    --g_waitCursors;
     platform().setWaitCursor(false);
 }

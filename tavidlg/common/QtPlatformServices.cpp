@@ -122,20 +122,9 @@ private:
 
 } // namespace
 
-unsigned effectiveMessageBoxStyle(unsigned style)
-{
-    if (style & Mb::IconMask)
-        return style;
-    switch (style & Mb::ButtonMask) {
-    case Mb::YesNo:
-    case Mb::YesNoCancel: return style | Mb::IconQuestion;
-    default: return style | Mb::IconExclamation;
-    }
-}
-
 int CQtPlatformServices::messageBox(QWidget* owner, const QString& text, const QString& caption, unsigned style)
 {
-    style = effectiveMessageBoxStyle(style);
+    // A box shows the icon its caller asked for, and none when it asked for none.
     QMessageBox box(iconOf(style), caption, text, QMessageBox::NoButton, owner);
     box.setTextFormat(Qt::PlainText);
     const ButtonSet set = buttonsOf(style);

@@ -24,11 +24,6 @@ public:
     std::unique_ptr<CProgressReporter> beginProgress(QWidget* owner, const QString& label) override;
 };
 
-// The style a message box is shown with: like the toolkit's own message boxes, a box without an icon
-// gets the exclamation mark (OK, OK/Cancel, Abort/Retry/Ignore, Retry/Cancel) or the question mark
-// (Yes/No, Yes/No/Cancel).
-TAVI_EXPORT unsigned effectiveMessageBoxStyle(unsigned style);
-
 // The drive type of a path given the text of /proc/self/mountinfo: Remote when the mount that holds
 // the path is a network file system (nfs, cifs, smb3, sshfs, ...), Fixed otherwise.
 TAVI_EXPORT DriveType driveTypeFromMountInfo(const QByteArray& mountInfo, const QString& path);

@@ -18,7 +18,7 @@ CReminder::CReminder(QWidget* parent, unsigned messageId, const QString& remembe
       m_captionId(captionId)
 {
     setObjectName(QStringLiteral("CReminder"));
-    setWindowTitle(QStringLiteral("Reminder"));
+    setWindowTitle(tr("Reminder"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 
     m_icon = new QLabel(this);
@@ -30,14 +30,14 @@ CReminder::CReminder(QWidget* parent, unsigned messageId, const QString& remembe
     m_messageLabel->setWordWrap(true);
     m_messageLabel->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
     m_messageLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_dontShowCheck = new QCheckBox(QStringLiteral("&Don't show this dialog again"), this);
+    m_dontShowCheck = new QCheckBox(tr("&Don't show this dialog again"), this);
     m_dontShowCheck->setObjectName(QStringLiteral("chkDontShowAgain"));
 
     auto* box = new QDialogButtonBox(this);
-    m_okButton = box->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
+    m_okButton = box->addButton(tr("&OK"), QDialogButtonBox::AcceptRole);
     m_okButton->setObjectName(QStringLiteral("btnOK"));
     m_okButton->setDefault(true);
-    m_cancelButton = box->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole);
+    m_cancelButton = box->addButton(tr("&Cancel"), QDialogButtonBox::RejectRole);
     m_cancelButton->setObjectName(QStringLiteral("btnCancel"));
     connect(box, &QDialogButtonBox::accepted, this, &CReminder::accept);
     connect(box, &QDialogButtonBox::rejected, this, &CReminder::reject);

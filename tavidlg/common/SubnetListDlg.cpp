@@ -5,7 +5,7 @@
 #include "common/SubnetCsv.h"
 #include "config/ErrorReport.h"
 #include "config/MessageFormat.h"
-#include "res/SubnetStrings.h"
+#include "res/SubnetStringIds.h"
 #include "res/StringTable.h"
 
 #include <QAbstractTableModel>
@@ -128,29 +128,29 @@ CSubnetListDlg::~CSubnetListDlg()
 void CSubnetListDlg::buildWidgets()
 {
     // Built in tab order: the three inputs, their buttons, the list and its buttons, OK and Cancel.
-    auto* networkLabel = new QLabel(QStringLiteral("&Network Address:"), this);
+    auto* networkLabel = new QLabel(tr("&Network Address:"), this);
     networkLabel->setObjectName(QStringLiteral("lblNetwork"));
     m_networkEdit = new CIp4AddressEdit(this);
     m_networkEdit->setObjectName(QStringLiteral("ipNetwork"));
     networkLabel->setBuddy(m_networkEdit);
-    auto* maskLabel = new QLabel(QStringLiteral("Subnet Mas&k:"), this);
+    auto* maskLabel = new QLabel(tr("Subnet Mas&k:"), this);
     maskLabel->setObjectName(QStringLiteral("lblMask"));
     m_maskEdit = new CIp4AddressEdit(this);
     m_maskEdit->setObjectName(QStringLiteral("ipMask"));
     maskLabel->setBuddy(m_maskEdit);
-    auto* commentLabel = new QLabel(QStringLiteral("C&omment:"), this);
+    auto* commentLabel = new QLabel(tr("C&omment:"), this);
     commentLabel->setObjectName(QStringLiteral("lblComment"));
     m_commentEdit = new QLineEdit(this);
     m_commentEdit->setObjectName(QStringLiteral("edtComment"));
     m_commentEdit->setMaxLength(kCommentLimit);
     commentLabel->setBuddy(m_commentEdit);
 
-    m_addButton = new QPushButton(QStringLiteral("&Add"), this);
+    m_addButton = new QPushButton(tr("&Add"), this);
     m_addButton->setObjectName(QStringLiteral("btnAdd"));
-    m_modifyButton = new QPushButton(QStringLiteral("&Modify"), this);
+    m_modifyButton = new QPushButton(tr("&Modify"), this);
     m_modifyButton->setObjectName(QStringLiteral("btnModify"));
     m_modifyButton->setEnabled(false);
-    auto* clearButton = new QPushButton(QStringLiteral("C&lear"), this);
+    auto* clearButton = new QPushButton(tr("C&lear"), this);
     clearButton->setObjectName(QStringLiteral("btnClear"));
 
     m_model = new CSubnetListModel(this);
@@ -167,11 +167,11 @@ void CSubnetListDlg::buildWidgets()
     m_listView->header()->setSectionsMovable(false);
     m_listView->setMinimumSize(fontMetrics().averageCharWidth() * 60, fontMetrics().lineSpacing() * 12);
 
-    auto* deleteButton = new QPushButton(QStringLiteral("&Delete"), this);
+    auto* deleteButton = new QPushButton(tr("&Delete"), this);
     deleteButton->setObjectName(QStringLiteral("btnDelete"));
-    auto* importButton = new QPushButton(QStringLiteral("&Import..."), this);
+    auto* importButton = new QPushButton(tr("&Import..."), this);
     importButton->setObjectName(QStringLiteral("btnImport"));
-    auto* exportButton = new QPushButton(QStringLiteral("&Export..."), this);
+    auto* exportButton = new QPushButton(tr("&Export..."), this);
     exportButton->setObjectName(QStringLiteral("btnExport"));
     // The Delete key in the list does what the Delete button does.
     auto* deleteKey = new QAction(m_listView);

@@ -7,7 +7,7 @@
 #include "config/MessageFormat.h"
 #include "entry/EntryFrame.h"
 #include "res/StringTable.h"
-#include "res/SubnetStrings.h"
+#include "res/SubnetStringIds.h"
 
 #include <QWidget>
 
@@ -52,13 +52,11 @@ SubnetPropertyList parseSubnetMultiString(std::string_view bytes)
         at = end + 1;
         if (element.empty())
             break; // the empty string that ends the list
+        // "subnet" or "subnet,\"comment\"": an entry without a comment has an empty one.
         const SubnetCsv::Field subnetField = SubnetCsv::readField(element, 0);
-        if (!subnetField.hasNext) {
-            ++out.badEntries;
-            continue;
-        }
         const std::string subnet(trimmed(subnetField.text));
-        const std::string comment = SubnetCsv::readField(element, subnetField.next).text;
+        const std::string comment =
+            subnetField.hasNext ? SubnetCsv::readField(element, subnetField.next).text : std::string();
         uint32_t address = 0;
         uint32_t mask = 0;
         if (!ParseIp4Subnet(subnet.c_str(), '/', &address, &mask) || !IsValidIp4CommentString(comment.c_str())
@@ -85,7 +83,9 @@ QByteArray encodeSubnetMultiString(const _tIp4Subnet* first)
 {
     QByteArray bytes;
     for (const _tIp4Subnet* p = first; p; p = p->next) {
-        const std::string line = SubnetCsv::exportLine(*p);
+        char subnet[VB_SUBNET_TEXT_SIZE] = {};
+        GetSubnetString(p->address, p->mask, subnet);
+        const std::string line = p->comment[0] ? SubnetCsv::exportLine(*p) : std::string(subnet);
         bytes.append(line.data(), qsizetype(line.size()));
         bytes.append('\0');
     }
@@ -98,14 +98,21 @@ bool readSubnetListProperty(_tMailServer* server, const char* section, const cha
     out = SubnetPropertyList();
     QByteArray buffer(kFirstReadSize, '\0');
     uint32_t size = uint32_t(buffer.size());
-    bool read = GetMailServerProperty(server, section, name, buffer.data(), &size, nullptr) != 0;
+    uint32_t type = 0;
+    bool read = GetMailServerProperty(server, section, name, buffer.data(), &size, &type) != 0;
     // A list larger than the first buffer: once more with the size the store asks for.
     if (!read && GetLastError() == VB_ERROR_MORE_DATA) {
         buffer = QByteArray(qsizetype(size), '\0');
-        read = GetMailServerProperty(server, section, name, buffer.data(), &size, nullptr) != 0;
+        read = GetMailServerProperty(server, section, name, buffer.data(), &size, &type) != 0;
     }
     if (!read)
         return GetLastError() == VB_ERROR_FILE_NOT_FOUND;
+    if (type == VB_TYPE_STRING) {
+        // The toolkit's own rendering (EncodeIp4SubnetList): subnets without comments in one text.
+        if (!ParseIp4SubnetList(buffer.constData(), &out.list))
+            out.badEntries = CountNames(buffer.constData());
+        return true;
+    }
     out = parseSubnetMultiString(std::string_view(buffer.constData(), qMin<std::size_t>(size, std::size_t(buffer.size()))));
     return true;
 }

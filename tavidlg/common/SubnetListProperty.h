@@ -1,6 +1,7 @@
-// A server property that holds a subnet list: a multi-string whose elements are the lines of the
-// subnet list's export file ("10.0.0.0/8,\"head office\""). Read into a MailToolkit list, edited with
-// CSubnetListDlg and written back whole. Library-internal.
+// A server property that holds a subnet list, in the format ServerStore.h documents: a multi-string of
+// one subnet per element, "10.0.0.0/8" or, with a comment, "10.0.0.0/8,\"head office\"" (a line of the
+// export file); a text of subnets without comments (EncodeIp4SubnetList) is read too. Read into a
+// MailToolkit list, edited with CSubnetListDlg and written back whole. Library-internal.
 #pragma once
 
 #include <QByteArray>

@@ -1,5 +1,7 @@
 #include "common/TaviDialog.h"
 
+#include <climits>
+
 #include "common/PlatformServices.h"
 #include "config/AccessLayer.h"
 #include "config/MessageFormat.h"
@@ -92,13 +94,13 @@ QDialogButtonBox* CTaviDialog::createButtonBox(bool withHelp)
 {
     auto* box = new QDialogButtonBox(this);
     box->setObjectName(QStringLiteral("buttonBox"));
-    m_okButton = box->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
+    m_okButton = box->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
     m_okButton->setObjectName(QStringLiteral("btnOK"));
     m_okButton->setDefault(true);
-    m_cancelButton = box->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole);
+    m_cancelButton = box->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
     m_cancelButton->setObjectName(QStringLiteral("btnCancel"));
     if (withHelp) {
-        m_helpButton = box->addButton(QStringLiteral("&Help"), QDialogButtonBox::HelpRole);
+        m_helpButton = box->addButton(tr("&Help"), QDialogButtonBox::HelpRole);
         m_helpButton->setObjectName(QStringLiteral("btnHelp"));
         m_helpButton->setAutoDefault(false);
         connect(box, &QDialogButtonBox::helpRequested, this, &CTaviDialog::showHelp);
@@ -149,4 +151,13 @@ void CTaviDialog::keyPressEvent(QKeyEvent* event)
         return;
     }
     QDialog::keyPressEvent(event);
+}
+
+void setEditText(QLineEdit* edit, const QString& text)
+{
+    if (!edit)
+        return;
+    if (text.size() > edit->maxLength())
+        edit->setMaxLength(int(qMin<qsizetype>(text.size(), INT_MAX)));
+    edit->setText(text);
 }

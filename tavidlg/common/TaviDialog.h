@@ -75,5 +75,10 @@ private:
     QPushButton* m_helpButton = nullptr;
 };
 
+// Puts a stored text into an edit whole: an edit's usual limit (32767 characters) is raised for a longer
+// one, so that showing a value never cuts it short and an untouched OK never writes it back shorter.
+// Every dialog and page fills its text edits with it.
+TAVI_EXPORT void setEditText(QLineEdit* edit, const QString& text);
+
 // Parses an unsigned decimal number (blanks around it allowed) within min..max.
 TAVI_EXPORT bool parseUnsigned(const QString& text, quint32 min, quint32 max, quint32& value);

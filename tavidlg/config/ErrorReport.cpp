@@ -1,4 +1,5 @@
 #include "config/ErrorReport.h"
+#include "res/CommonStringIds.h"
 
 #include "common/PlatformServices.h"
 #include "config/MessageFormat.h"
@@ -75,15 +76,15 @@ QString ErrorExplanation(uint32_t code)
 {
     if (code & kApplicationBit) {
         switch (code) {
-        case 0xE0100003u: return TaviString(55631);
-        case 0xE0100004u: return TaviString(55638);
-        case 0xE0200003u: return TaviString(55632);
+        case 0xE0100003u: return TaviString(IDS_COMMON_MAILBOX_LIMIT);
+        case 0xE0100004u: return TaviString(IDS_COMMON_PROPERTY_TOO_LARGE);
+        case 0xE0200003u: return TaviString(IDS_COMMON_MAILLIST_LIMIT);
         default: break;
         }
         if (code & kListStoreBit)
-            return managerError(55336, &GetMailingListManagerErrorString, code);
+            return managerError(IDS_COMMON_LIST_MANAGER_ERROR, &GetMailingListManagerErrorString, code);
         if (code & kMailboxStoreBit)
-            return managerError(55344, &GetMailboxManagerErrorString, code);
+            return managerError(IDS_COMMON_MAILBOX_MANAGER_ERROR, &GetMailboxManagerErrorString, code);
         return QString();
     }
     if (code == 0)
@@ -96,7 +97,7 @@ QString ErrorExplanation(uint32_t code)
 
 QString ErrorMessageText(uint32_t code, const QString& context)
 {
-    return context + TaviFormat(TaviString(55242), {ErrorCodeText(code), ErrorExplanation(code)});
+    return context + TaviFormat(TaviString(IDS_COMMON_ERROR_DETAIL), {ErrorCodeText(code), ErrorExplanation(code)});
 }
 
 void ReportError(uint32_t code, const QString& context)
@@ -121,12 +122,12 @@ void ReportErrorFormat2(uint32_t code, unsigned formatId, const QString& insert1
 
 void ReportPropertyWriteFailure(const char* property)
 {
-    ReportErrorFormat1(GetLastError(), 57388, QString::fromUtf8(property));
+    ReportErrorFormat1(GetLastError(), IDS_COMMON_SET_PROPERTY_FAILED, QString::fromUtf8(property));
 }
 
 bool FailPropertyExchange(QWidget* control, const char* property, uint32_t code)
 {
-    taviMessageBox(TaviFormat(TaviString(57420), {QString::fromUtf8(property), QString::number(qint32(code))}),
+    taviMessageBox(TaviFormat(TaviString(IDS_COMMON_UPDATE_PROPERTY_FAILED), {QString::fromUtf8(property), QString::number(qint32(code))}),
                    Mb::Ok);
     if (control) {
         control->setFocus();

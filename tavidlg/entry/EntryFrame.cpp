@@ -47,20 +47,39 @@ void COwnerWindow::attach(QDialog* dialog)
         handle->setTransientParent(m_foreign);
 }
 
+namespace {
+
+// Set by the host through TaviSetRunMode; entry points run on the host's user-interface thread.
+int g_runMode = TAVI_RUN_INTERACTIVE;
+QString g_screenshot;
+
+} // namespace
+
+extern "C" TAVIDLG_API int TaviSetRunMode(int mode, const char* path)
+{
+    if (mode != TAVI_RUN_INTERACTIVE && mode != TAVI_RUN_SCREENSHOT && mode != TAVI_RUN_CANCEL)
+        return 0;
+    if (mode == TAVI_RUN_SCREENSHOT && (!path || !*path))
+        return 0;
+    g_runMode = mode;
+    g_screenshot = mode == TAVI_RUN_SCREENSHOT ? QString::fromUtf8(path) : QString();
+    return 1;
+}
+
 int runModal(QDialog* dialog, COwnerWindow& owner)
 {
     if (!dialog)
         return -1;
     owner.attach(dialog);
-    const QString screenshot = qEnvironmentVariable("TAVI_SCREENSHOT");
-    if (!screenshot.isEmpty()) {
+    if (g_runMode == TAVI_RUN_SCREENSHOT) {
+        const QString screenshot = g_screenshot;
         dialog->show();
         QCoreApplication::processEvents();
         const bool saved = dialog->grab().save(screenshot, "PNG");
         dialog->hide();
         return saved ? 2 : -1;
     }
-    if (qEnvironmentVariable("TAVI_AUTOCLOSE") == QLatin1String("cancel"))
+    if (g_runMode == TAVI_RUN_CANCEL)
         QTimer::singleShot(0, dialog, [dialog] { dialog->reject(); });
     const int result = dialog->exec();
     return result == QDialog::Rejected ? 2 : result;

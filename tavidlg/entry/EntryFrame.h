@@ -45,20 +45,32 @@ private:
 };
 
 // Runs a built dialog modally and maps its result: 1 stays 1, a plain rejection (0) becomes 2.
-// Honours TAVI_SCREENSHOT and TAVI_AUTOCLOSE (see TaviDlg.h).
+// Follows the run mode the host set with TaviSetRunMode (TaviDlg.h).
 TAVI_EXPORT int runModal(QDialog* dialog, COwnerWindow& owner);
 
-template <class Dialog, class... Args>
-int runDialog(TaviOwner owner, Args&&... args)
+// The frame every entry point shares: makes sure of the application, turns the owner into a parent and
+// runs body(parent), keeping exceptions off the C boundary. Entry points that are not one dialog built
+// and run (a sheet on the stack, an editor over a property) use it directly:
+//   return runEntry(owner, [&](COwnerWindow& parent) { ...; return runModal(&sheet, parent); });
+template <class Body>
+int runEntry(TaviOwner owner, Body&& body)
 {
     if (!ensureApplication())
         return -1;
     try {
         COwnerWindow parent(owner);
-        auto dialog = std::make_unique<Dialog>(parent.widget(), std::forward<Args>(args)...);
-        return runModal(dialog.get(), parent);
+        return body(parent);
     } catch (const std::exception&) {
         // Nothing may cross the C boundary; a dialog that cannot be built was not created.
         return -1;
     }
+}
+
+template <class Dialog, class... Args>
+int runDialog(TaviOwner owner, Args&&... args)
+{
+    return runEntry(owner, [&](COwnerWindow& parent) {
+        auto dialog = std::make_unique<Dialog>(parent.widget(), std::forward<Args>(args)...);
+        return runModal(dialog.get(), parent);
+    });
 }

@@ -7,17 +7,12 @@
 extern "C" TAVIDLG_API int ShowReminder(TaviOwner owner, unsigned messageId, const char* rememberKey,
                                         unsigned captionId, unsigned flags)
 {
-    if (!ensureApplication())
-        return -1;
-    try {
-        COwnerWindow parent(owner);
+    return runEntry(owner, [&](COwnerWindow& parent) {
         CReminder reminder(parent.widget(), messageId, QString::fromUtf8(rememberKey ? rememberKey : ""),
                            captionId, flags);
         // A silenced reminder answers OK without a window.
         if (!reminder.isToBeShown())
             return 1;
         return runModal(&reminder, parent);
-    } catch (const std::exception&) {
-        return -1;
-    }
+    });
 }

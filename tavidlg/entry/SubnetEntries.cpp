@@ -5,17 +5,10 @@
 
 #include "entry/EntryFrame.h"
 
-#include <exception>
-
 extern "C" TAVIDLG_API int EditServerSubnetList(TaviOwner owner, _tMailServer* server, const char* section,
                                                 const char* name, unsigned captionId)
 {
-    if (!ensureApplication())
-        return -1;
-    try {
-        COwnerWindow parent(owner);
+    return runEntry(owner, [&](COwnerWindow& parent) {
         return editServerSubnetList(parent, server, section, name, captionId);
-    } catch (const std::exception&) {
-        return -1;
-    }
+    });
 }

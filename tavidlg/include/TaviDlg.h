@@ -5,11 +5,8 @@
  * on the caller's thread, and returns 1 (OK), 2 (Cancel or closed) or -1 (the dialog could not be
  * created). The owner is a native window id (0: no owner); the server handle stays the caller's. A host
  * without a Qt application object may call the entry points: the library creates one on the first call
- * and keeps it.
- *
- * Environment read by every entry point (for hosts that render or script the dialogs):
- *   TAVI_SCREENSHOT=path.png  show the dialog, save a picture of it to the path and return 2 at once;
- *   TAVI_AUTOCLOSE=cancel     close the dialog as cancelled as soon as its modal loop runs.
+ * and keeps it. The library reads nothing from the environment: hosts that render or script the
+ * dialogs say so with TaviSetRunMode.
  */
 #ifndef TAVIDLG_H
 #define TAVIDLG_H
@@ -44,8 +41,9 @@ TAVIDLG_API int EditTrafficCounters(TaviOwner owner, _tMailServer* server);
 /* The server's alias table (alias address or domain -> the address it stands for). */
 TAVIDLG_API int EditAliases(TaviOwner owner, _tMailServer* server);
 
-/* A server property that holds a list of IPv4 subnets with comments (a multi-string of lines such as
- * 10.0.0.0/8,"head office"; for example section "SMTPRA", name "TrustedSubnets"): opens the subnet list
+/* A server property that holds a list of IPv4 subnets with comments (a multi-string of elements such as
+ * 10.0.0.0/8,"head office" or 10.0.0.0/8, as ServerStore.h documents; for example section "SMTPRA", name
+ * "TrustedSubnets"): opens the subnet list
  * editor over it and writes it back on OK. captionId: the string id of the caption (0: the default).
  * 1: written; 2: cancelled or nothing changed; -1: the property could not be read. */
 TAVIDLG_API int EditServerSubnetList(TaviOwner owner, _tMailServer* server, const char* section,
@@ -107,6 +105,15 @@ TAVIDLG_API int EditRoutes(TaviOwner owner, _tMailServer* server);
 /* The security sheet: authentication and lockout, anti-spam, directory harvest attack protection, TLS. */
 TAVIDLG_API int EditSecurity(TaviOwner owner, _tMailServer* server);
 
+/* The e-mail address lists of the server ("Whitelist", "Blacklist", "PreferredSenders" and any others its
+ * "AddressListNames" names) in the list editor, with listName shown first (null or "": none). Each change
+ * is written on OK (after a question on switching lists). Returns 1 on OK, even when a save failed
+ * (the administrator was told), 2 on Cancel. */
+TAVIDLG_API int EditServerEmailAddressLists(TaviOwner owner, _tMailServer* server, const char* listName);
+/* The wireless carriers (id, name, SMS gateway domain) in the table the server property "MobileCarriers"
+ * names; ids stay stable across edits. */
+TAVIDLG_API int EditServerWirelessCarrierListManager(TaviOwner owner, _tMailServer* server);
+
 /* Protection wizards. */
 TAVIDLG_API int AntiSpamWizard(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int AntiRelayWizard(TaviOwner owner, _tMailServer* server);
@@ -117,13 +124,35 @@ TAVIDLG_API int AntiDoSWizard(TaviOwner owner, _tMailServer* server);
  * cannot be opened is reported and 2 returned without a sheet. */
 TAVIDLG_API int EditDomain(TaviOwner owner, _tMailServer* server, const char* domain);
 
+/* A domain's e-mail address lists, as EditServerEmailAddressLists: the domain is opened for the call and
+ * closed after the editor, whatever it returned. domain: null or "" for the default domain. */
+TAVIDLG_API int EditDomainEmailAddressLists(TaviOwner owner, _tMailServer* server, const char* domain,
+                                            const char* listName);
+
 /* Mailboxes. */
+
+/* An open mailbox's e-mail address lists, as EditServerEmailAddressLists; the mailbox stays the caller's
+ * (the mailbox sheet passes its own, with "Whitelist", "Blacklist" or "PreferredSenders"). */
+TAVIDLG_API int EditMailboxEmailAddressLists(TaviOwner owner, _tMailServer* server, struct _tMailbox* mailbox,
+                                             const char* listName);
 
 /* Mailing lists. */
 /* The mailing-list sheet of one list; a null or empty domain means the server's default domain. */
 TAVIDLG_API int EditMailList(TaviOwner owner, _tMailServer* server, const char* domain, const char* list);
 
 /* The configuration connector. */
+
+/* How later entry-point calls run, for hosts that render or script the dialogs (the console's
+ * --screenshot, tests); it holds for every later call until changed.
+ *   TAVI_RUN_INTERACTIVE  each dialog runs for the administrator (the default);
+ *   TAVI_RUN_SCREENSHOT   each dialog is shown, a picture of it saved to path (PNG) and the call returns
+ *                         2 at once (-1 when the picture could not be saved);
+ *   TAVI_RUN_CANCEL       each dialog closes as cancelled as soon as its modal loop runs.
+ * Returns 1, or 0 (nothing changed) for an unknown mode or a screenshot without a path. */
+#define TAVI_RUN_INTERACTIVE 0
+#define TAVI_RUN_SCREENSHOT 1
+#define TAVI_RUN_CANCEL 2
+TAVIDLG_API int TaviSetRunMode(int mode, const char* path);
 
 /* The reminder box the dialogs show (a message from the library's string table with "Don't show this
  * dialog again"), for hosts that warn about the same things. flags are message-box styles (0x0F

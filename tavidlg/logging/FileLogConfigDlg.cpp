@@ -17,15 +17,15 @@ constexpr unsigned kHelpContext = 2047;
 CFileLogConfigDlg::CFileLogConfigDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(parent, server)
 {
     setObjectName(QStringLiteral("CFileLogConfigDlg"));
-    setWindowTitle(QStringLiteral("File log configuration on %1"));
+    setWindowTitle(tr("File log configuration on %1"));
 
-    m_dirLabel = new QLabel(QStringLiteral("&Log file directory:"), this);
+    m_dirLabel = new QLabel(tr("&Log file directory:"), this);
     m_dirLabel->setObjectName(QStringLiteral("lblMailLogDir"));
     m_dirEdit = new QLineEdit(this);
     m_dirEdit->setObjectName(QStringLiteral("edtMailLogDir"));
     m_dirEdit->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
     m_dirLabel->setBuddy(m_dirEdit);
-    m_browseButton = new QPushButton(QStringLiteral("Browse..."), this);
+    m_browseButton = new QPushButton(tr("Browse..."), this);
     m_browseButton->setObjectName(QStringLiteral("btnBrowse"));
     m_browseButton->setAutoDefault(false);
 
@@ -60,7 +60,7 @@ void CFileLogConfigDlg::initDialog()
 bool CFileLogConfigDlg::exchange(bool save)
 {
     if (!save) {
-        m_dirEdit->setText(m_dir);
+        setEditText(m_dirEdit, m_dir);
         return true;
     }
     // Taken as typed, blanks included; a change of letter case only is not a change. Unlike the mail
@@ -75,5 +75,5 @@ void CFileLogConfigDlg::onBrowse()
 {
     QString folder = m_dirEdit->text();
     if (m_browse.Browse(m_dirLabel->text(), folder))
-        m_dirEdit->setText(folder);
+        setEditText(m_dirEdit, folder);
 }

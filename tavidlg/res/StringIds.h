@@ -1,5 +1,6 @@
-// Our own string ids (60000 and up) shared by several areas. An area's private ids may be written as
-// numbers in its own Strings<Area>.cpp; pick from the range reserved for it below to avoid collisions:
+// Our own string ids (60000 and up) of the frame and base classes. Every area names its ids, the
+// system's own numbers and its own, as IDS_<AREA>_<WHAT> in res/<Area>StringIds.h (never bare numbers);
+// its own ids come from the range reserved for it below, so that areas never collide:
 //   60000-60099 frame and base classes, 60100-60199 server, 60200-60299 schedule, 60300-60399 logging,
 //   60400-60499 security, 60500-60599 wizards, 60600-60699 domain, 60700-60799 mailbox,
 //   60800-60899 mailing lists, 60900-60999 common small dialogs and list editors.

@@ -62,16 +62,6 @@ bool isAddressPattern(const QString& text)
 }
 } // namespace
 
-bool isHostNameEntry(const QString& entry)
-{
-    const QString e = entry.startsWith(QLatin1Char('!')) ? entry.mid(1) : entry;
-    for (const QChar c : e) {
-        if (!c.isDigit() && c != QLatin1Char('.') && c != QLatin1Char('*'))
-            return true;
-    }
-    return false;
-}
-
 QString checkBlacklistZone(const QString& zone)
 {
     if (isHostName(zone, false) && zone.contains(QLatin1Char('.')))

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "common/PropertySheet.h"
+#include "wizards/WizardPages.h" // isHostNameEntry: the page and the anti-spam wizard judge entries alike
 
 #include <QByteArray>
 #include <QStringList>
@@ -16,9 +17,6 @@ class QLabel;
 class QPushButton;
 class QSpinBox;
 
-// Whether a private blacklist entry names a host (so DNS lookups are needed to match it) rather than
-// an IP address pattern: after one leading "!", any character other than a digit, "." or "*".
-TAVI_EXPORT bool isHostNameEntry(const QString& entry);
 // Refusal texts (empty when fine) of a blacklist zone, a private blacklist entry and a blocked return
 // address.
 TAVI_EXPORT QString checkBlacklistZone(const QString& zone);

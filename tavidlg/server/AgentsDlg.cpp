@@ -1,4 +1,5 @@
 #include "server/AgentsDlg.h"
+#include "res/ServerStringIds.h"
 
 #include "common/PlatformServices.h"
 #include "common/Reminder.h"
@@ -11,23 +12,23 @@
 
 namespace {
 constexpr unsigned kHelpContext = 2056;
-constexpr unsigned kUncReminderText = 57404;
-constexpr unsigned kUncReminderCaption = 57403;
+constexpr unsigned kUncReminderText = IDS_SERVER_UNC_REMINDER;
+constexpr unsigned kUncReminderCaption = IDS_SERVER_UNC_REQUIRED;
 constexpr unsigned kReminderFlags = Mb::OkCancel | Mb::IconExclamation; // 49
 }
 
 CAgentsDlg::CAgentsDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(parent, server)
 {
     setObjectName(QStringLiteral("CAgentsDlg"));
-    setWindowTitle(QStringLiteral("Agents on %1"));
+    setWindowTitle(tr("Agents on %1"));
 
-    auto* agentLabel = new QLabel(QStringLiteral("&Incoming mail agent:"), this);
+    auto* agentLabel = new QLabel(tr("&Incoming mail agent:"), this);
     agentLabel->setObjectName(QStringLiteral("lblIncomingMailCmd"));
     m_agentEdit = new QLineEdit(this);
     m_agentEdit->setObjectName(QStringLiteral("edtIncomingMailCmd"));
     m_agentEdit->setMinimumWidth(fontMetrics().averageCharWidth() * 52);
     agentLabel->setBuddy(m_agentEdit);
-    auto* archiveLabel = new QLabel(QStringLiteral("&Archive directory:"), this);
+    auto* archiveLabel = new QLabel(tr("&Archive directory:"), this);
     archiveLabel->setObjectName(QStringLiteral("lblArchiveDir"));
     m_archiveEdit = new QLineEdit(this);
     m_archiveEdit->setObjectName(QStringLiteral("edtArchiveDir"));
@@ -60,8 +61,8 @@ void CAgentsDlg::initDialog()
 bool CAgentsDlg::exchange(bool save)
 {
     if (!save) {
-        m_agentEdit->setText(m_agent);
-        m_archiveEdit->setText(m_archive);
+        setEditText(m_agentEdit, m_agent);
+        setEditText(m_archiveEdit, m_archive);
         return true;
     }
     // The saving exchange ignores letter case, unlike OK's test for a change; failed writes are silent.

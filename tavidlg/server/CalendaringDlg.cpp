@@ -17,16 +17,16 @@ constexpr unsigned long kRemitConfigured = 2;
 CCalendaringDlg::CCalendaringDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(parent, server)
 {
     setObjectName(QStringLiteral("CCalendaringDlg"));
-    setWindowTitle(QStringLiteral("Calendaring on %1!s!"));
+    setWindowTitle(tr("Calendaring on %1!s!"));
     m_mailServer.Wrap(server);
 
-    m_label = new QLabel(QStringLiteral("Configure Calendaring on this server"), this);
+    m_label = new QLabel(tr("Configure Calendaring on this server"), this);
     m_label->setObjectName(QStringLiteral("lblConfigure"));
-    m_onCheck = new QCheckBox(QStringLiteral("Enable Calendaring on this server"), this);
+    m_onCheck = new QCheckBox(tr("Enable Calendaring on this server"), this);
     m_onCheck->setObjectName(QStringLiteral("chkCalendarOn"));
-    m_allRadio = new QRadioButton(QStringLiteral("Enable for all mailboxes"), this);
+    m_allRadio = new QRadioButton(tr("Enable for all mailboxes"), this);
     m_allRadio->setObjectName(QStringLiteral("radAllMailboxes"));
-    m_configuredRadio = new QRadioButton(QStringLiteral("Enable for configured domains/mailboxes"), this);
+    m_configuredRadio = new QRadioButton(tr("Enable for configured domains/mailboxes"), this);
     m_configuredRadio->setObjectName(QStringLiteral("radConfigured"));
 
     auto* radios = new QVBoxLayout;
@@ -52,9 +52,13 @@ void CCalendaringDlg::initDialog()
     setHelpContext(kHelpContext);
     CTaviDialog::initDialog();
     unsigned long on = 0, remit = 0;
-    // A failed read leaves the controls as built, with nothing selected.
-    if (!m_mailServer.GetProperty(kSection, "CalendarOn", &on) || !m_mailServer.GetProperty(kSection, "CalendarRemit", &remit))
+    // A failed read leaves the controls as built, with nothing selected; they then stand for the values
+    // taken as read, so that an untouched OK writes nothing.
+    if (!m_mailServer.GetProperty(kSection, "CalendarOn", &on) || !m_mailServer.GetProperty(kSection, "CalendarRemit", &remit)) {
+        m_onRead = m_on = 0;
+        m_remitRead = m_remit = kRemitNeither;
         return;
+    }
     m_onRead = m_on = on;
     m_remitRead = m_remit = remit;
     // Only 2 selects the second button; every other value, 1 included, shows "all mailboxes".

@@ -1,4 +1,5 @@
 #include "server/DirectoriesDlg.h"
+#include "res/ServerStringIds.h"
 
 #include "common/PlatformServices.h"
 #include "config/AccessLayer.h"
@@ -16,21 +17,21 @@
 
 namespace {
 constexpr unsigned kHelpContext = 2005;
-constexpr unsigned kNetworkDriveRefused = 55651;
+constexpr unsigned kNetworkDriveRefused = IDS_SERVER_LOCAL_OR_UNC_PATH;
 }
 
 CDirectoriesDlg::CDirectoriesDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(parent, server)
 {
     setObjectName(QStringLiteral("CDirectoriesDlg"));
-    setWindowTitle(QStringLiteral("Mail directory locations on %1"));
+    setWindowTitle(tr("Mail directory locations on %1"));
 
-    m_spoolLabel = new QLabel(QStringLiteral("Mail &spool directory:"), this);
+    m_spoolLabel = new QLabel(tr("Mail &spool directory:"), this);
     m_spoolLabel->setObjectName(QStringLiteral("lblMailSpoolDir"));
     m_spoolEdit = new QLineEdit(this);
     m_spoolEdit->setObjectName(QStringLiteral("edtMailSpoolDir"));
     m_spoolEdit->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
     m_spoolLabel->setBuddy(m_spoolEdit);
-    m_browseButton = new QPushButton(QStringLiteral("Browse..."), this);
+    m_browseButton = new QPushButton(tr("Browse..."), this);
     m_browseButton->setObjectName(QStringLiteral("btnBrowse"));
     m_browseButton->setAutoDefault(false);
     m_keepDeadCheck = new QCheckBox(
@@ -91,10 +92,7 @@ bool CDirectoriesDlg::isOnNetworkDrive(const QString& path) const
 bool CDirectoriesDlg::exchange(bool save)
 {
     if (!save) {
-        // An edit holds 32767 characters; a longer stored path must not be cut short by showing it.
-        if (m_spoolDir.size() > m_spoolEdit->maxLength())
-            m_spoolEdit->setMaxLength(int(qMin<qsizetype>(m_spoolDir.size(), INT_MAX)));
-        m_spoolEdit->setText(m_spoolDir);
+        setEditText(m_spoolEdit, m_spoolDir);
         m_keepDeadCheck->setChecked(m_keepDead);
         return true;
     }
@@ -136,5 +134,5 @@ void CDirectoriesDlg::onBrowse()
 {
     QString folder = m_spoolEdit->text();
     if (m_browse.Browse(m_spoolLabel->text(), folder))
-        m_spoolEdit->setText(folder);
+        setEditText(m_spoolEdit, folder);
 }

@@ -1,4 +1,7 @@
 #include "server/QuotasDlg.h"
+#include "res/ServerStringIds.h"
+
+#include <QDateTime>
 
 #include "config/AccessLayer.h"
 #include "res/StringTable.h"
@@ -17,8 +20,8 @@
 
 namespace {
 constexpr unsigned kHelpContext = 2013;
-constexpr unsigned kUnknown = 55396;
-constexpr unsigned kUsageFormat = 55399;
+constexpr unsigned kUnknown = IDS_SERVER_UNKNOWN;
+constexpr unsigned kUsageFormat = IDS_SERVER_QUOTA_USAGE;
 
 QLabel* makeLabel(const QString& text, const char* name, QWidget* parent)
 {
@@ -45,10 +48,21 @@ QString quotaCheckedText(quint32 secondsSince1970)
 {
     if (secondsSince1970 == 0)
         return TaviString(kUnknown);
-    const std::time_t when = std::time_t(secondsSince1970);
-    std::tm local = {};
-    if (!localtime_r(&when, &local))
+    // Local time through Qt (localtime_r is not on every platform), formatted by strftime's "%c" in the
+    // time locale the library set at load.
+    const QDateTime when = QDateTime::fromSecsSinceEpoch(qint64(secondsSince1970)).toLocalTime();
+    if (!when.isValid())
         return TaviString(kUnknown);
+    std::tm local = {};
+    local.tm_year = when.date().year() - 1900;
+    local.tm_mon = when.date().month() - 1;
+    local.tm_mday = when.date().day();
+    local.tm_wday = when.date().dayOfWeek() % 7;
+    local.tm_yday = when.date().dayOfYear() - 1;
+    local.tm_hour = when.time().hour();
+    local.tm_min = when.time().minute();
+    local.tm_sec = when.time().second();
+    local.tm_isdst = when.isDaylightTime() ? 1 : 0;
     char buffer[128] = {};
     const std::size_t length = std::strftime(buffer, sizeof buffer, "%c", &local);
     return QString::fromLocal8Bit(buffer, qsizetype(length));
@@ -57,17 +71,17 @@ QString quotaCheckedText(quint32 secondsSince1970)
 CQuotasDlg::CQuotasDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(parent, server)
 {
     setObjectName(QStringLiteral("CQuotasDlg"));
-    setWindowTitle(QStringLiteral("Quotas on %1"));
+    setWindowTitle(tr("Quotas on %1"));
 
     m_usageLabel = makeLabel(QString(), "lblUsage", this);
     m_usageLabel->setTextFormat(Qt::PlainText);
-    m_enabledCheck = new QCheckBox(QStringLiteral("&Enable quota support"), this);
+    m_enabledCheck = new QCheckBox(tr("&Enable quota support"), this);
     m_enabledCheck->setObjectName(QStringLiteral("chkQuotasEnabled"));
-    m_copyPostmasterCheck = new QCheckBox(QStringLiteral("&Copy quota warnings to postmaster"), this);
+    m_copyPostmasterCheck = new QCheckBox(tr("&Copy quota warnings to postmaster"), this);
     m_copyPostmasterCheck->setObjectName(QStringLiteral("chkQuotaCopyPostmaster"));
-    m_failPermanentCheck = new QCheckBox(QStringLiteral("Reject over-quota mail with permanent (522) error"), this);
+    m_failPermanentCheck = new QCheckBox(tr("Reject over-quota mail with permanent (522) error"), this);
     m_failPermanentCheck->setObjectName(QStringLiteral("chkQuotaFailPermanent"));
-    QLabel* gapLabel = makeLabel(QStringLiteral("&Interval between quota warnings (days):"), "lblQuotaMinWarningMsgGap", this);
+    QLabel* gapLabel = makeLabel(tr("&Interval between quota warnings (days):"), "lblQuotaMinWarningMsgGap", this);
     m_gapEdit = new QLineEdit(this);
     m_gapEdit->setObjectName(QStringLiteral("edtQuotaMinWarningMsgGap"));
     // A numbers-only edit: letters are refused as they are typed, the range is checked at OK.
@@ -75,29 +89,7 @@ CQuotasDlg::CQuotasDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(pare
     m_gapEdit->setMaximumWidth(fontMetrics().averageCharWidth() * 10);
     gapLabel->setBuddy(m_gapEdit);
 
-    auto* group = new QGroupBox(QStringLiteral("Default Domain Quotas"), this);
-    group->setObjectName(QStringLiteral("grpDefaultDomainQuotas"));
-    QLabel* limitLabel = makeLabel(QStringLiteral("Default domain &quota limit (kB):"), "lblQuotaDomainDefaultLimit", group);
-    m_limitEdit = new QLineEdit(group);
-    m_limitEdit->setObjectName(QStringLiteral("edtQuotaDomainDefaultLimit"));
-    limitLabel->setBuddy(m_limitEdit);
-    QLabel* triggerLabel = makeLabel(QStringLiteral("Default domain &warning limit (kB):"), "lblQuotaDomainDefaultTrigger", group);
-    m_triggerEdit = new QLineEdit(group);
-    m_triggerEdit->setObjectName(QStringLiteral("edtQuotaDomainDefaultTrigger"));
-    triggerLabel->setBuddy(m_triggerEdit);
-    QLabel* note = makeLabel(QStringLiteral("Values are for reporting purposes only and are not\nautomatically enforced"),
-                             "lblReportingOnly", group);
-    const int numberWidth = fontMetrics().averageCharWidth() * 14;
-    m_limitEdit->setMaximumWidth(numberWidth);
-    m_triggerEdit->setMaximumWidth(numberWidth);
-
-    auto* groupGrid = new QGridLayout(group);
-    groupGrid->addWidget(limitLabel, 0, 0);
-    groupGrid->addWidget(m_limitEdit, 0, 1);
-    groupGrid->addWidget(triggerLabel, 1, 0);
-    groupGrid->addWidget(m_triggerEdit, 1, 1);
-    groupGrid->addWidget(note, 2, 0, 1, 2);
-    groupGrid->setColumnStretch(0, 1);
+    QGroupBox* group = buildDefaultQuotaGroup();
 
     auto* gapRow = new QHBoxLayout;
     gapRow->addWidget(gapLabel, 1);
@@ -118,17 +110,54 @@ CQuotasDlg::CQuotasDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(pare
     setTabOrder(m_gapEdit, m_limitEdit);
     setTabOrder(m_limitEdit, m_triggerEdit);
 
-    m_dependentControls = {m_copyPostmasterCheck, m_failPermanentCheck, gapLabel, m_gapEdit, note,
-                           limitLabel, triggerLabel, m_limitEdit, m_triggerEdit};
+    m_dependentControls += {m_copyPostmasterCheck, m_failPermanentCheck, gapLabel, m_gapEdit};
     connect(m_enabledCheck, &QCheckBox::clicked, this, &CQuotasDlg::enableQuotaControls);
 
+    readStored();
+}
+
+CQuotasDlg::~CQuotasDlg() = default;
+
+// The default domain quotas: two limits and the note that they only report.
+QGroupBox* CQuotasDlg::buildDefaultQuotaGroup()
+{
+    auto* group = new QGroupBox(tr("Default Domain Quotas"), this);
+    group->setObjectName(QStringLiteral("grpDefaultDomainQuotas"));
+    QLabel* limitLabel = makeLabel(tr("Default domain &quota limit (kB):"), "lblQuotaDomainDefaultLimit", group);
+    m_limitEdit = new QLineEdit(group);
+    m_limitEdit->setObjectName(QStringLiteral("edtQuotaDomainDefaultLimit"));
+    limitLabel->setBuddy(m_limitEdit);
+    QLabel* triggerLabel = makeLabel(tr("Default domain &warning limit (kB):"), "lblQuotaDomainDefaultTrigger", group);
+    m_triggerEdit = new QLineEdit(group);
+    m_triggerEdit->setObjectName(QStringLiteral("edtQuotaDomainDefaultTrigger"));
+    triggerLabel->setBuddy(m_triggerEdit);
+    QLabel* note = makeLabel(tr("Values are for reporting purposes only and are not\nautomatically enforced"),
+                             "lblReportingOnly", group);
+    const int numberWidth = fontMetrics().averageCharWidth() * 14;
+    m_limitEdit->setMaximumWidth(numberWidth);
+    m_triggerEdit->setMaximumWidth(numberWidth);
+
+    auto* groupGrid = new QGridLayout(group);
+    groupGrid->addWidget(limitLabel, 0, 0);
+    groupGrid->addWidget(m_limitEdit, 0, 1);
+    groupGrid->addWidget(triggerLabel, 1, 0);
+    groupGrid->addWidget(m_triggerEdit, 1, 1);
+    groupGrid->addWidget(note, 2, 0, 1, 2);
+    groupGrid->setColumnStretch(0, 1);
+    m_dependentControls += {note, limitLabel, triggerLabel, m_limitEdit, m_triggerEdit};
+    return group;
+}
+
+// What the dialog reads at construction.
+void CQuotasDlg::readStored()
+{
     // Read in this order; the three switches read any non-zero value as on.
-    ReadServerNumber(server, nullptr, "QuotaCopyPostmaster", m_copyPostmasterRead, 0);
-    ReadServerNumber(server, nullptr, "QuotasEnabled", m_enabledRead, 0);
-    ReadServerNumber(server, nullptr, "QuotaFailPermanent", m_failPermanentRead, 0);
-    ReadServerNumber(server, nullptr, "QuotaMinWarningMsgGap", m_gapRead, 1);
-    ReadServerNumber(server, nullptr, "QuotaDomainDefaultLimit", m_limitRead, 0);
-    ReadServerNumber(server, nullptr, "QuotaDomainDefaultTrigger", m_triggerRead, 0);
+    ReadServerNumber(server(), nullptr, "QuotaCopyPostmaster", m_copyPostmasterRead, 0);
+    ReadServerNumber(server(), nullptr, "QuotasEnabled", m_enabledRead, 0);
+    ReadServerNumber(server(), nullptr, "QuotaFailPermanent", m_failPermanentRead, 0);
+    ReadServerNumber(server(), nullptr, "QuotaMinWarningMsgGap", m_gapRead, 1);
+    ReadServerNumber(server(), nullptr, "QuotaDomainDefaultLimit", m_limitRead, 0);
+    ReadServerNumber(server(), nullptr, "QuotaDomainDefaultTrigger", m_triggerRead, 0);
     m_copyPostmaster = m_copyPostmasterRead = m_copyPostmasterRead != 0;
     m_enabled = m_enabledRead = m_enabledRead != 0;
     m_failPermanent = m_failPermanentRead = m_failPermanentRead != 0;
@@ -137,7 +166,6 @@ CQuotasDlg::CQuotasDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(pare
     m_trigger = m_triggerRead;
 }
 
-CQuotasDlg::~CQuotasDlg() = default;
 
 void CQuotasDlg::initDialog()
 {
@@ -203,6 +231,6 @@ bool CQuotasDlg::exchange(bool save)
 quint32 CQuotasDlg::takeLimit(QLineEdit* edit)
 {
     const QString text = edit->text().trimmed();
-    edit->setText(text);
+    setEditText(edit, text);
     return parseQuotaLimit(text);
 }

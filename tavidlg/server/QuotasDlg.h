@@ -7,6 +7,7 @@
 #include <QList>
 
 class QCheckBox;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 
@@ -21,6 +22,8 @@ protected:
     bool exchange(bool save) override;
 
 private:
+    QGroupBox* buildDefaultQuotaGroup();
+    void readStored();
     void fillUsageSummary();
     void enableQuotaControls(bool on);
     // Takes a limit edit's text, trimmed (and shown trimmed): 0 for "none", else its leading number.

@@ -1,4 +1,6 @@
 #include "server/ServiceDlg.h"
+#include "res/CommonStringIds.h"
+#include "res/ServerStringIds.h"
 
 #include "common/PlatformServices.h"
 #include "config/ErrorReport.h"
@@ -15,9 +17,9 @@
 
 namespace {
 constexpr unsigned kHelpContext = 2010;
-constexpr unsigned kCouldNotStart = 55407;
-constexpr unsigned kCouldNotStop = 55408;
-constexpr unsigned kUnknown = 55396;
+constexpr unsigned kCouldNotStart = IDS_COMMON_SERVICE_START_FAILED;
+constexpr unsigned kCouldNotStop = IDS_COMMON_SERVICE_STOP_FAILED;
+constexpr unsigned kUnknown = IDS_SERVER_UNKNOWN;
 // The service manager is given this long to move a service on before its state is read again.
 constexpr unsigned kSettleMs = 250;
 }
@@ -25,13 +27,13 @@ constexpr unsigned kSettleMs = 250;
 QString serviceStateWord(int state)
 {
     switch (state) {
-    case VB_SERVICE_STOPPED: return TaviString(55400);
-    case VB_SERVICE_START_PENDING: return TaviString(55402);
-    case VB_SERVICE_STOP_PENDING: return TaviString(55403);
-    case VB_SERVICE_RUNNING: return TaviString(55401);
-    case VB_SERVICE_CONTINUE_PENDING: return TaviString(55404);
-    case VB_SERVICE_PAUSE_PENDING: return TaviString(55405);
-    case VB_SERVICE_PAUSED: return TaviString(55406);
+    case VB_SERVICE_STOPPED: return TaviString(IDS_SERVER_STATE_STOPPED);
+    case VB_SERVICE_START_PENDING: return TaviString(IDS_SERVER_STATE_STARTING);
+    case VB_SERVICE_STOP_PENDING: return TaviString(IDS_SERVER_STATE_STOPPING);
+    case VB_SERVICE_RUNNING: return TaviString(IDS_SERVER_STATE_RUNNING);
+    case VB_SERVICE_CONTINUE_PENDING: return TaviString(IDS_SERVER_STATE_RESUMING);
+    case VB_SERVICE_PAUSE_PENDING: return TaviString(IDS_SERVER_STATE_PAUSING);
+    case VB_SERVICE_PAUSED: return TaviString(IDS_SERVER_STATE_PAUSED);
     default: return TaviString(kUnknown);
     }
 }
@@ -43,7 +45,7 @@ CServiceDlg::CServiceDlg(QWidget* parent, _tMailServer* server, const char* serv
     setObjectName(QStringLiteral("CServiceDlg"));
     setUsesServerCaption(false);
 
-    auto* statusLabel = new QLabel(QStringLiteral("Service status:"), this);
+    auto* statusLabel = new QLabel(tr("Service status:"), this);
     statusLabel->setObjectName(QStringLiteral("lblServiceStatus"));
     m_statusText = new QLabel(this);
     m_statusText->setObjectName(QStringLiteral("lblStatus"));
@@ -51,20 +53,20 @@ CServiceDlg::CServiceDlg(QWidget* parent, _tMailServer* server, const char* serv
     QFont bold = m_statusText->font();
     bold.setBold(true);
     m_statusText->setFont(bold);
-    m_startButton = new QPushButton(QStringLiteral("&Start!"), this);
+    m_startButton = new QPushButton(tr("&Start!"), this);
     m_startButton->setObjectName(QStringLiteral("btnStart"));
     m_startButton->setAutoDefault(false);
-    m_stopButton = new QPushButton(QStringLiteral("St&op!"), this);
+    m_stopButton = new QPushButton(tr("St&op!"), this);
     m_stopButton->setObjectName(QStringLiteral("btnStop"));
     m_stopButton->setAutoDefault(false);
 
     // No OK: "&Close" is the cancel of this dialog and ends it with 2.
     auto* box = new QDialogButtonBox(this);
     box->setObjectName(QStringLiteral("buttonBox"));
-    QPushButton* close = box->addButton(QStringLiteral("&Close"), QDialogButtonBox::RejectRole);
+    QPushButton* close = box->addButton(tr("&Close"), QDialogButtonBox::RejectRole);
     close->setObjectName(QStringLiteral("btnClose"));
     close->setDefault(true);
-    QPushButton* help = box->addButton(QStringLiteral("&Help"), QDialogButtonBox::HelpRole);
+    QPushButton* help = box->addButton(tr("&Help"), QDialogButtonBox::HelpRole);
     help->setObjectName(QStringLiteral("btnHelp"));
     help->setAutoDefault(false);
     connect(box, &QDialogButtonBox::rejected, this, &CServiceDlg::reject);

@@ -1,4 +1,5 @@
 #include "server/TrafficCountersDlg.h"
+#include "res/ServerStringIds.h"
 
 #include "common/PlatformServices.h"
 #include "config/AccessLayer.h"
@@ -23,27 +24,27 @@ namespace {
 constexpr unsigned kHelpContext = 2069;
 constexpr char kSection[] = "Statistics";
 constexpr quint32 kThresholdMax = 0xFFFFFFFEu; // the largest unsigned value less one
-constexpr unsigned kSaveAsTitle = 54799;
-constexpr unsigned kFailedCaption = 54800;
-constexpr unsigned kSaveFailed = 54801;
-constexpr unsigned kGenerateFailed = 54802;
-constexpr unsigned kCsvFilter = 60100;
-constexpr unsigned kAllFilesFilter = 60101;
-constexpr unsigned kGenerating = 60102;
-constexpr unsigned kSaving = 60103;
+constexpr unsigned kSaveAsTitle = IDS_SERVER_REPORT_SAVE_AS;
+constexpr unsigned kFailedCaption = IDS_SERVER_REPORT_SAVE_FAILED_CAPTION;
+constexpr unsigned kSaveFailed = IDS_SERVER_REPORT_SAVE_FAILED;
+constexpr unsigned kGenerateFailed = IDS_SERVER_REPORT_GENERATE_FAILED;
+constexpr unsigned kCsvFilter = IDS_SERVER_FILTER_CSV;
+constexpr unsigned kAllFilesFilter = IDS_SERVER_FILTER_ALL;
+constexpr unsigned kGenerating = IDS_SERVER_GENERATING_REPORT;
+constexpr unsigned kSaving = IDS_SERVER_SAVING_REPORT;
 
 struct ThresholdControl {
     const char* label;
     const char* name;
 };
 const ThresholdControl kThresholdControls[CTrafficCountersDlg::ThresholdCount] = {
-    {"RCPT Commands:", "edtRcptCommands"},
-    {"SMTP Bytes Sent:", "edtSmtpBytesSent"},
-    {"SMTP Bytes Received:", "edtSmtpBytesReceived"},
-    {"IMAP Bytes Sent:", "edtImapBytesSent"},
-    {"IMAP Bytes Received:", "edtImapBytesReceived"},
-    {"POP Bytes Sent:", "edtPopBytesSent"},
-    {"POP Bytes Received:", "edtPopBytesReceived"},
+    {QT_TRANSLATE_NOOP("CTrafficCountersDlg", "RCPT Commands:"), "edtRcptCommands"},
+    {QT_TRANSLATE_NOOP("CTrafficCountersDlg", "SMTP Bytes Sent:"), "edtSmtpBytesSent"},
+    {QT_TRANSLATE_NOOP("CTrafficCountersDlg", "SMTP Bytes Received:"), "edtSmtpBytesReceived"},
+    {QT_TRANSLATE_NOOP("CTrafficCountersDlg", "IMAP Bytes Sent:"), "edtImapBytesSent"},
+    {QT_TRANSLATE_NOOP("CTrafficCountersDlg", "IMAP Bytes Received:"), "edtImapBytesReceived"},
+    {QT_TRANSLATE_NOOP("CTrafficCountersDlg", "POP Bytes Sent:"), "edtPopBytesSent"},
+    {QT_TRANSLATE_NOOP("CTrafficCountersDlg", "POP Bytes Received:"), "edtPopBytesReceived"},
 };
 
 // Feeds the report's progress to the progress dialog; false once the person has cancelled.
@@ -65,51 +66,10 @@ QLineEdit* numberEdit(const char* name, QWidget* parent)
 CTrafficCountersDlg::CTrafficCountersDlg(QWidget* parent, _tMailServer* server) : CTaviDialog(parent, server)
 {
     setObjectName(QStringLiteral("CTrafficCountersDlg"));
-    setWindowTitle(QStringLiteral("Traffic Counters on %1"));
+    setWindowTitle(tr("Traffic Counters on %1"));
 
-    auto* settings = new QGroupBox(QStringLiteral("Settings"), this);
-    settings->setObjectName(QStringLiteral("grpSettings"));
-    m_enabledCheck = new QCheckBox(QStringLiteral("Enable Traffic Counters"), settings);
-    m_enabledCheck->setObjectName(QStringLiteral("chkEnabled"));
-    auto* domainLabel = new QLabel(QStringLiteral("Domain Auto Reset (s):"), settings);
-    m_domainResetEdit = numberEdit("edtDomainAutoReset", settings);
-    domainLabel->setBuddy(m_domainResetEdit);
-    auto* mailboxLabel = new QLabel(QStringLiteral("Mailbox Auto Reset (s):"), settings);
-    m_mailboxResetEdit = numberEdit("edtMailboxAutoReset", settings);
-    mailboxLabel->setBuddy(m_mailboxResetEdit);
-    auto* settingsGrid = new QGridLayout(settings);
-    settingsGrid->addWidget(m_enabledCheck, 0, 0, 1, 2);
-    settingsGrid->addWidget(domainLabel, 1, 0);
-    settingsGrid->addWidget(m_domainResetEdit, 1, 1);
-    settingsGrid->addWidget(mailboxLabel, 2, 0);
-    settingsGrid->addWidget(m_mailboxResetEdit, 2, 1);
-    settingsGrid->setColumnStretch(2, 1);
-
-    auto* report = new QGroupBox(QStringLiteral("Report"), this);
-    report->setObjectName(QStringLiteral("grpReport"));
-    auto* intro = new QLabel(QStringLiteral("List all mailboxes whose traffic counters are greater than \nthe following values"), report);
-    intro->setObjectName(QStringLiteral("lblReportIntro"));
-    auto* reportGrid = new QGridLayout(report);
-    reportGrid->addWidget(intro, 0, 0, 1, 5);
-    for (int i = 0; i < ThresholdCount; ++i) {
-        auto* label = new QLabel(QLatin1String(kThresholdControls[i].label), report);
-        m_thresholdEdits[i] = numberEdit(kThresholdControls[i].name, report);
-        label->setBuddy(m_thresholdEdits[i]);
-        // RCPT on a row of its own, then sent and received side by side.
-        const int row = 1 + (i + 1) / 2;
-        const int column = i == 0 ? 0 : ((i + 1) % 2) * 3;
-        reportGrid->addWidget(label, row, column);
-        reportGrid->addWidget(m_thresholdEdits[i], row, column + 1);
-    }
-    reportGrid->setColumnMinimumWidth(2, fontMetrics().averageCharWidth() * 3);
-    reportGrid->setColumnStretch(2, 1);
-    m_saveReportButton = new QPushButton(QStringLiteral("Save Report..."), report);
-    m_saveReportButton->setObjectName(QStringLiteral("btnSaveReport"));
-    m_saveReportButton->setAutoDefault(false);
-    auto* saveRow = new QHBoxLayout;
-    saveRow->addStretch(1);
-    saveRow->addWidget(m_saveReportButton);
-    reportGrid->addLayout(saveRow, 5, 0, 1, 5);
+    QGroupBox* settings = buildSettingsGroup();
+    QGroupBox* report = buildReportGroup();
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(settings);
@@ -127,11 +87,71 @@ CTrafficCountersDlg::CTrafficCountersDlg(QWidget* parent, _tMailServer* server) 
     connect(m_enabledCheck, &QCheckBox::clicked, this, &CTrafficCountersDlg::onEnabledClicked);
     connect(m_saveReportButton, &QPushButton::clicked, this, &CTrafficCountersDlg::onSaveReport);
 
+    readStored();
+}
+
+// The counters' switch and the two auto-reset intervals.
+QGroupBox* CTrafficCountersDlg::buildSettingsGroup()
+{
+    auto* settings = new QGroupBox(tr("Settings"), this);
+    settings->setObjectName(QStringLiteral("grpSettings"));
+    m_enabledCheck = new QCheckBox(tr("Enable Traffic Counters"), settings);
+    m_enabledCheck->setObjectName(QStringLiteral("chkEnabled"));
+    auto* domainLabel = new QLabel(tr("Domain Auto Reset (s):"), settings);
+    m_domainResetEdit = numberEdit("edtDomainAutoReset", settings);
+    domainLabel->setBuddy(m_domainResetEdit);
+    auto* mailboxLabel = new QLabel(tr("Mailbox Auto Reset (s):"), settings);
+    m_mailboxResetEdit = numberEdit("edtMailboxAutoReset", settings);
+    mailboxLabel->setBuddy(m_mailboxResetEdit);
+    auto* settingsGrid = new QGridLayout(settings);
+    settingsGrid->addWidget(m_enabledCheck, 0, 0, 1, 2);
+    settingsGrid->addWidget(domainLabel, 1, 0);
+    settingsGrid->addWidget(m_domainResetEdit, 1, 1);
+    settingsGrid->addWidget(mailboxLabel, 2, 0);
+    settingsGrid->addWidget(m_mailboxResetEdit, 2, 1);
+    settingsGrid->setColumnStretch(2, 1);
+    return settings;
+}
+
+// The report's thresholds and its Save button.
+QGroupBox* CTrafficCountersDlg::buildReportGroup()
+{
+    auto* report = new QGroupBox(tr("Report"), this);
+    report->setObjectName(QStringLiteral("grpReport"));
+    auto* intro = new QLabel(tr("List all mailboxes whose traffic counters are greater than \nthe following values"), report);
+    intro->setObjectName(QStringLiteral("lblReportIntro"));
+    auto* reportGrid = new QGridLayout(report);
+    reportGrid->addWidget(intro, 0, 0, 1, 5);
+    for (int i = 0; i < ThresholdCount; ++i) {
+        auto* label = new QLabel(tr(kThresholdControls[i].label), report);
+        m_thresholdEdits[i] = numberEdit(kThresholdControls[i].name, report);
+        label->setBuddy(m_thresholdEdits[i]);
+        // RCPT on a row of its own, then sent and received side by side.
+        const int row = 1 + (i + 1) / 2;
+        const int column = i == 0 ? 0 : ((i + 1) % 2) * 3;
+        reportGrid->addWidget(label, row, column);
+        reportGrid->addWidget(m_thresholdEdits[i], row, column + 1);
+    }
+    reportGrid->setColumnMinimumWidth(2, fontMetrics().averageCharWidth() * 3);
+    reportGrid->setColumnStretch(2, 1);
+    m_saveReportButton = new QPushButton(tr("Save Report..."), report);
+    m_saveReportButton->setObjectName(QStringLiteral("btnSaveReport"));
+    m_saveReportButton->setAutoDefault(false);
+    auto* saveRow = new QHBoxLayout;
+    saveRow->addStretch(1);
+    saveRow->addWidget(m_saveReportButton);
+    reportGrid->addLayout(saveRow, 5, 0, 1, 5);
+    return report;
+}
+
+// What the dialog reads at construction.
+void CTrafficCountersDlg::readStored()
+{
     quint32 enabled = 0;
-    ReadServerNumber(server, kSection, "DomainAutoReset", m_domainResetRead, 0);
-    ReadServerNumber(server, kSection, "MailboxAutoReset", m_mailboxResetRead, 0);
+    ReadServerNumber(server(), kSection, "DomainAutoReset", m_domainResetRead, 0);
+    ReadServerNumber(server(), kSection, "MailboxAutoReset", m_mailboxResetRead, 0);
     // Unreadable reads as off; only the exact value 0xFFFFFFFF is on, so a stored 1 shows off.
-    m_enabledRead = ReadServerNumber(server, kSection, "Enabled", enabled, 0) && enabled == kTrafficCountersOn;
+    m_enabledRead = ReadServerNumber(server(), kSection, "Enabled", enabled, 0) && enabled == kTrafficCountersOn;
     m_domainReset = m_domainResetRead;
     m_mailboxReset = m_mailboxResetRead;
     m_enabled = m_enabledRead;

@@ -7,6 +7,7 @@
 #include <array>
 
 class QCheckBox;
+class QGroupBox;
 class QLineEdit;
 class QPushButton;
 struct _tTrafficStatistics;
@@ -38,6 +39,9 @@ protected:
     void onOK() override;
 
 private:
+    QGroupBox* buildSettingsGroup();
+    QGroupBox* buildReportGroup();
+    void readStored();
     void onEnabledClicked();
     void onSaveReport();
 

@@ -3,6 +3,7 @@
 
 #include <thread>
 
+#include "velbrook/DomainStore.h"
 #include "velbrook/StoreTesting.h"
 
 using Services = StoreTest;
@@ -88,6 +89,37 @@ TEST_F(Faults, ChosenOperationAndPropertyFailWithTheChosenCode)
     EXPECT_EQ(number("Statistics", "Enabled"), -int64_t(VB_ERROR_BUSY)) << "times 0: every call";
     VbClearFaults(server);
     EXPECT_EQ(number("Statistics", "Enabled"), -int64_t(VB_ERROR_FILE_NOT_FOUND));
+}
+
+// Each failed write is remembered on the handle until taken, with its object, property and code.
+TEST_F(Faults, FailedWritesAreRememberedUntilTaken)
+{
+    ASSERT_TRUE(CreateDomain(server, "a.example"));
+    ASSERT_TRUE(VbInjectFault(server, "SetMailServerProperty", nullptr, "MailSpoolDir", VB_ERROR_DISK_FULL, 1));
+    ASSERT_TRUE(VbInjectFault(server, "SetDomainProperty", nullptr, "Quota", VB_ERROR_BUSY, 1));
+    EXPECT_FALSE(setText(nullptr, "MailSpoolDir", "/new"));
+    EXPECT_TRUE(setText(nullptr, "MailSpoolDir", "/new")) << "a write that succeeds is not remembered";
+    EXPECT_FALSE(AddToMailServerListProperty(server, "SMTPRA", "", "x")) << "an invalid call counts too";
+    _tDomain* d = OpenDomain(server, "a.example");
+    uint32_t quota = 5;
+    EXPECT_FALSE(SetDomainProperty(d, VB_TYPE_DWORD, "Quota", &quota, 4));
+    EXPECT_EQ(GetLastError(), VB_ERROR_BUSY) << "remembering keeps the caller's last error";
+    CloseDomain(d);
+
+    uint32_t count = 0;
+    ASSERT_TRUE(TakeFailedMailServerWrites(server, nullptr, &count));
+    EXPECT_EQ(count, 3u) << "counting forgets nothing";
+    _tFailedWrite failed[2];
+    ASSERT_TRUE(TakeFailedMailServerWrites(server, failed, &(count = 2)));
+    ASSERT_EQ(count, 2u);
+    EXPECT_EQ(std::string(failed[0].name) + "/" + std::to_string(failed[0].error), "MailSpoolDir/112");
+    EXPECT_EQ(std::string(failed[1].section) + "/" + failed[1].name, "SMTPRA/");
+    ASSERT_TRUE(TakeFailedMailServerWrites(server, failed, &(count = 2)));
+    ASSERT_EQ(count, 1u);
+    EXPECT_EQ(std::string(failed[0].object) + "/" + failed[0].name + "/" + std::to_string(failed[0].error),
+              "a.example/Quota/170");
+    ASSERT_TRUE(TakeFailedMailServerWrites(server, failed, &(count = 2)));
+    EXPECT_EQ(count, 0u) << "taken writes are forgotten";
 }
 
 TEST_F(Faults, ForcedMoreDataReportsTheRealSize)

@@ -89,6 +89,22 @@ TEST_F(Traffic, CsvHasAHeaderAndQuotesWhatNeedsIt)
     EXPECT_EQ(rows[2], "\"x@b,\"\"c\"\".example\",\"b,\"\"c\"\".example\",0,0,0,0,0,0,99");
 }
 
+// A name a spreadsheet would run as a formula is written as text.
+TEST_F(Traffic, CsvNeverStartsAFieldWithAFormula)
+{
+    ASSERT_TRUE(CreateDomain(server, "=1+2.example"));
+    add("-3@=1+2.example", {0, 0, 0, 0, 0, 0, 5});
+    add("+4@=1+2.example", {0, 0, 0, 0, 0, 0, 5});
+    CTrafficReport report(server);
+    ASSERT_TRUE(report.Generate("=1+2.example", _tTrafficStatistics{}));
+    const std::string file = dir + "/report.csv";
+    ASSERT_TRUE(report.Save(file.c_str()));
+    const auto rows = lines(file);
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[1], "\"'-3@=1+2.example\",\"'=1+2.example\",0,0,0,0,0,0,5");
+    EXPECT_EQ(rows[2], "\"'+4@=1+2.example\",\"'=1+2.example\",0,0,0,0,0,0,5");
+}
+
 static bool cancelAtOnce(void*, uint64_t, uint64_t) { return false; }
 
 TEST_F(Traffic, FailuresLeaveNoHalfFile)

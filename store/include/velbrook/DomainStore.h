@@ -32,6 +32,9 @@ VB_STORE_API int GetDomainProperty(_tDomain* domain, const char* name, void* buf
                                    uint32_t* type);
 VB_STORE_API int SetDomainProperty(_tDomain* domain, uint32_t type, const char* name, const void* data,
                                    uint32_t size);
+/* List properties of a domain, as the server's: the e-mail address lists "Whitelist", "Blacklist",
+ * "PreferredSenders" (and those the domain's text property "AddressListNames" names), each element a
+ * lower-case address or pattern. Writing a list property with type 7 replaces it whole. */
 VB_STORE_API int LookupDomainListProperty(_tDomain* domain, const char* name, const char* element);
 VB_STORE_API int AddToDomainListProperty(_tDomain* domain, const char* name, const char* element);
 VB_STORE_API int RemoveFromDomainListProperty(_tDomain* domain, const char* name, const char* element);

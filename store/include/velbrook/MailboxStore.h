@@ -38,7 +38,9 @@ VB_STORE_API int GetMailboxProperty(_tMailbox* mailbox, const char* name, void* 
                                     uint32_t* type);
 VB_STORE_API int SetMailboxProperty(_tMailbox* mailbox, uint32_t type, const char* name, const void* data,
                                     uint32_t size);
-/* List properties such as "NoReplyTo", "Whitelist", "Blacklist", "PreferredSenders". */
+/* List properties such as "NoReplyTo", and the e-mail address lists "Whitelist", "Blacklist",
+ * "PreferredSenders" (and those the mailbox's text property "AddressListNames" names), each element a
+ * lower-case address or pattern. Writing a list property with type 7 replaces it whole. */
 VB_STORE_API int LookupMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);
 VB_STORE_API int AddToMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);
 VB_STORE_API int RemoveFromMailboxListProperty(_tMailbox* mailbox, const char* name, const char* element);
@@ -47,7 +49,15 @@ VB_STORE_API int CreateMailboxAlias(_tMailbox* mailbox, const char* alias);
 VB_STORE_API int DestroyMailboxAlias(_tMailbox* mailbox, const char* alias);
 VB_STORE_API int GetMailboxAliasNames(_tMailbox* mailbox, char* buffer, uint32_t* size);
 
-/* size in bytes including the terminating zero; VB_ERROR_MORE_DATA rules as for properties. */
+/* size in bytes including the terminating zero; VB_ERROR_MORE_DATA rules as for properties.
+ *
+ * Passwords are sealed with the key file beside the store's real path ("<store>.key", symbolic links
+ * resolved when the store is opened), mode 0600. The key is created, atomically, only by the first
+ * SetMailboxPassword of a store that holds no sealed password. It is never replaced: a missing key while
+ * sealed passwords exist fails with VB_ERROR_MAILBOX_KEY_MISSING, a key the stored passwords do not open
+ * with VB_ERROR_MAILBOX_PASSWORD_SEALED (also for SetMailboxPassword, so that nothing is sealed under a
+ * second key), a key file readable by group or others with VB_ERROR_MAILBOX_KEY_UNSAFE.
+ * GetMailboxManagerErrorString names the key file in these texts. */
 VB_STORE_API int GetMailboxPassword(_tMailbox* mailbox, char* password, uint32_t* size);
 VB_STORE_API int SetMailboxPassword(_tMailbox* mailbox, const char* password);
 

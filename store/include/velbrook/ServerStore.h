@@ -20,6 +20,29 @@ VB_STORE_API void CloseMailServer(_tMailServer* server);
 /* The path or URI the handle was opened on (owned by the handle). */
 VB_STORE_API const char* GetMailServerLocation(_tMailServer* server);
 
+/* ---- writes that failed -----------------------------------------------------------------------
+ * Every write made through a handle that fails (server, domain, mailbox and mailing-list properties
+ * and list elements) is remembered on the server handle, oldest first, with the error code, even when
+ * the dialog that made it says nothing (some deliberately close with OK). A host asks after each dialog
+ * it opened and tells the administrator what was not saved:
+ *
+ *     _tFailedWrite failed[16];
+ *     uint32_t count = 16;
+ *     while (TakeFailedMailServerWrites(server, failed, &count) && count) { ...show them...; count = 16; }
+ *
+ * writes null: *count receives how many are remembered and nothing is forgotten. Otherwise up to
+ * *count of them are copied out and forgotten, and *count receives how many were copied. At most
+ * VB_MAX_FAILED_WRITES are kept; later ones are counted in the last entry's "more" field. */
+#define VB_MAX_FAILED_WRITES 1000u
+typedef struct _tFailedWrite {
+    uint32_t error;      /* the last-error code of the write */
+    uint32_t more;       /* further failures not kept (only in the last entry kept) */
+    char object[256];    /* "" for the server, else the name of the domain, mailbox or mailing list */
+    char section[256];   /* "" for the server's own settings and for objects */
+    char name[256];      /* the property written */
+} _tFailedWrite;
+VB_STORE_API int TakeFailedMailServerWrites(_tMailServer* server, _tFailedWrite* writes, uint32_t* count);
+
 /* ---- server properties ------------------------------------------------------------------------
  * section: null or "" for the server's own settings, else a group or service key ("SMTPRA").
  * buffer may be null to ask for the size. *size is the buffer's size in bytes on entry and the
@@ -39,11 +62,24 @@ VB_STORE_API int EnumMailServerProperties(_tMailServer* server, const char* sect
 /* Multi-string of the sections that hold at least one property ("" for the server's own first). */
 VB_STORE_API int EnumMailServerSections(_tMailServer* server, char* buffer, uint32_t* size);
 
+/* Subnet-list properties (such as section "SMTPRA", name "TrustedSubnets"): a multi-string with one IPv4
+ * subnet per element, "a.b.c.d/nn" (or "a.b.c.d/m.m.m.m"), optionally followed by a comma and a comment
+ * in double quotes with inner double quotes doubled: 10.0.0.0/8,"head office". An element without a
+ * comment has an empty one. `velbrook-store set --list` writes one element per argument, the subnet
+ * list editor writes and reads this format, and it also reads a text written by EncodeIp4SubnetList. */
+
 /* List properties: a multi-valued property whose elements are changed one at a time. Reading the
  * property with GetMailServerProperty yields a multi-string (type 7) in insertion order; writing it
  * with type 7 replaces the whole list. Elements compare without regard to ASCII case.
  * Lookup: non-zero when present (last error VB_ERROR_NOT_FOUND otherwise).
- * AddTo: VB_ERROR_ALREADY_EXISTS when present.  RemoveFrom: VB_ERROR_NOT_FOUND when absent. */
+ * AddTo: VB_ERROR_ALREADY_EXISTS when present.  RemoveFrom: VB_ERROR_NOT_FOUND when absent.
+ *
+ * E-mail address lists of the server: list properties of section "AddressLists" named after the list
+ * ("Whitelist", "Blacklist", "PreferredSenders"), lower-case addresses or patterns ("*@example.com");
+ * the text property "AddressListNames" of that section, when present, names the known lists (separated
+ * by ", ;"). Domains and mailboxes keep theirs the same way as their own list properties.
+ * "MobileCarriers" (no section, text): the path of the wireless carrier table, a file of
+ * "id<TAB>name" lines that CIdToStringMap::Load reads. */
 VB_STORE_API int LookupMailServerListProperty(_tMailServer* server, const char* section,
                                               const char* name, const char* element);
 VB_STORE_API int AddToMailServerListProperty(_tMailServer* server, const char* section,

@@ -46,6 +46,7 @@
 #define VB_ERROR_FILE_NOT_FOUND 2u       /* property, section or object not found */
 #define VB_ERROR_PATH_NOT_FOUND 3u       /* the store's folder does not exist */
 #define VB_ERROR_ACCESS_DENIED 5u        /* read-only store */
+#define VB_ERROR_INVALID_HANDLE 6u       /* an object used after the server handle it came from was closed */
 #define VB_ERROR_NOT_ENOUGH_MEMORY 8u
 #define VB_ERROR_INVALID_DATA 13u        /* stored value of another type, or corrupt */
 #define VB_ERROR_NOT_SUPPORTED 50u
@@ -66,6 +67,8 @@
 #define VB_ERROR_IO_DEVICE 1117u
 #define VB_ERROR_BAD_FILE 0xE0000001u    /* the file is not a configuration store */
 #define VB_ERROR_STORE_FAILURE 0xE0000002u /* the database refused an operation for another reason */
+#define VB_ERROR_STORE_TOO_NEW 0xE0000003u /* the store was written by a newer release; it is left untouched */
+#define VB_ERROR_STORE_LOG_UNREADABLE 0xE0000004u /* read-only store whose newest changes are in a log we cannot read */
 
 /* Application-defined codes of the configuration libraries (bit 0x20000000 set). */
 #define VB_ERROR_MAILBOX_LIMIT 0xE0100003u   /* no more mailboxes in this domain */
@@ -74,11 +77,15 @@
 /* Codes with a text of their own from GetMailboxManagerErrorString / GetMailingListManagerErrorString
  * (bit 0x01000000 set). */
 #define VB_ERROR_MAILBOX_BAD_NAME 0xE1100001u
-#define VB_ERROR_MAILBOX_KEY_FILE 0xE1100002u
-#define VB_ERROR_MAILBOX_PASSWORD_SEALED 0xE1100003u
+#define VB_ERROR_MAILBOX_KEY_FILE 0xE1100002u        /* the key file cannot be read or created */
+#define VB_ERROR_MAILBOX_PASSWORD_SEALED 0xE1100003u /* the key file is not the one the passwords were sealed with */
+#define VB_ERROR_MAILBOX_KEY_MISSING 0xE1100004u     /* sealed passwords are stored but their key file is gone */
+#define VB_ERROR_MAILBOX_KEY_UNSAFE 0xE1100005u      /* the key file can be read by other users */
 #define VB_ERROR_MAILLIST_BAD_NAME 0xE1200001u
 
-/* One open configuration. Owned by whoever called OpenMailServer. */
+/* One open configuration. Owned by whoever called OpenMailServer. Objects obtained through it (opened
+ * domains, mailboxes and lists, traffic reports) may outlive it: every use of them then fails with
+ * VB_ERROR_INVALID_HANDLE, and only closing or destroying them still works. */
 typedef struct _tMailServer _tMailServer;
 
 #endif

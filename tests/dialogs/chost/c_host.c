@@ -1,6 +1,6 @@
 /* A host program written in C: it knows nothing of Qt, opens a configuration store and calls an entry
- * point of the dialog library through its C header. Run with TAVI_AUTOCLOSE=cancel and an offscreen
- * platform, the dialog closes itself as cancelled and the call returns 2. */
+ * point of the dialog library through its C header. With TAVI_RUN_CANCEL and an offscreen platform, the
+ * dialog closes itself as cancelled and the call returns 2. */
 #include <stdio.h>
 #include <stdlib.h>
 
@@ -16,7 +16,7 @@ int main(int argc, char** argv)
         fprintf(stderr, "could not open the store %s\n", location);
         return 1;
     }
-    int failed = 0;
+    int failed = !TaviSetRunMode(TAVI_RUN_CANCEL, NULL);
     /* Twice: the second call reuses the application object the first one created. */
     for (int i = 0; i < 2; ++i) {
         const int result = EditDirectories(0, server);

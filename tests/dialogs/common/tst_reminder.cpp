@@ -113,7 +113,7 @@ void tst_Reminder::buttonsIconAndTexts()
     QFETCH(QString, caption);
     bool cancelVisible = !cancelShown;
     int iconKind = -1;
-    QString title, message, checkText;
+    QString title, message, checkText, buttons;
     bool checked = true;
     CReminder reminder(nullptr, kMessage, kKey, captionId, flags);
     const int result = runReminder(reminder, [&](QDialog* d) {
@@ -124,9 +124,12 @@ void tst_Reminder::buttonsIconAndTexts()
         message = Harness::control<QLabel>(d, "lblMessage")->text();
         checkText = Harness::control<QCheckBox>(d, "chkDontShowAgain")->text();
         checked = Harness::control<QCheckBox>(d, "chkDontShowAgain")->isChecked();
+        buttons = Harness::control<QPushButton>(d, "btnOK")->text() + QLatin1Char('|')
+            + Harness::control<QPushButton>(d, "btnCancel")->text();
         Harness::clickButton(d, "btnOK");
     });
     QCOMPARE(result, 1);
+    QCOMPARE(buttons, QStringLiteral("&OK|&Cancel"));
     QCOMPARE(cancelVisible, cancelShown);
     QCOMPARE(iconKind, icon);
     QCOMPARE(title, caption);

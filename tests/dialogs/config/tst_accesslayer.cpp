@@ -222,7 +222,7 @@ void tst_AccessLayer::errorTexts()
     ReportError(code, QStringLiteral("Could not do it."));
     const auto boxes = m_platform->callsOf(QStringLiteral("messageBox"));
     QCOMPARE(boxes.size(), 1);
-    QCOMPARE(boxes[0].style & Mb::ButtonMask, unsigned(Mb::Ok));
+    QCOMPARE(boxes[0].style, unsigned(Mb::Ok)); // plain: OK only, no icon
     const QString prefix = QStringLiteral("Could not do it.\nError: ") + codeText + QLatin1Char('\n');
     QVERIFY2(boxes[0].text.startsWith(prefix), qPrintable(boxes[0].text));
     QVERIFY(boxes[0].text.endsWith(QLatin1Char('\n')));

@@ -36,8 +36,6 @@ private Q_SLOTS:
     void screenshotRendersWithoutModalLoop();
     void driveTypeFromMountInfo_data();
     void driveTypeFromMountInfo();
-    void defaultMessageBoxIcons_data();
-    void defaultMessageBoxIcons();
 };
 
 // With no owner the dialog has no parent, and OK, Cancel and the close box answer 1, 2 and 2.
@@ -96,11 +94,14 @@ void tst_EntryFrame::constructionFailureIsMinusOne()
     QCOMPARE(runDialog<ThrowingDialog>(0, m_store->server()), -1);
 }
 
-// TAVI_AUTOCLOSE=cancel closes at once as a Cancel, through an entry point too, writing nothing.
+// TAVI_RUN_CANCEL closes at once as a Cancel, through an entry point too, writing nothing; the
+// environment does not change how a dialog runs.
 void tst_EntryFrame::autoCloseCancels()
 {
-    qputenv("TAVI_AUTOCLOSE", "cancel");
-    const auto unset = qScopeGuard([] { qunsetenv("TAVI_AUTOCLOSE"); });
+    QVERIFY(TaviSetRunMode(TAVI_RUN_CANCEL, nullptr));
+    const auto unset = qScopeGuard([] { TaviSetRunMode(TAVI_RUN_INTERACTIVE, nullptr); });
+    QVERIFY(!TaviSetRunMode(7, nullptr));
+    QVERIFY2(!TaviSetRunMode(TAVI_RUN_SCREENSHOT, ""), "a screenshot needs a file");
     QCOMPARE(runDialog<PlainDialog>(0, m_store->server()), 2);
     using Entry = int (*)(TaviOwner, _tMailServer*);
     auto entry = reinterpret_cast<Entry>(Harness::resolveEntry("EditDirectories"));
@@ -112,8 +113,8 @@ void tst_EntryFrame::autoCloseCancels()
 void tst_EntryFrame::screenshotRendersWithoutModalLoop()
 {
     const QString file = m_dir->filePath(QStringLiteral("EditDirectories.png"));
-    qputenv("TAVI_SCREENSHOT", file.toUtf8());
-    const auto unset = qScopeGuard([] { qunsetenv("TAVI_SCREENSHOT"); });
+    QVERIFY(TaviSetRunMode(TAVI_RUN_SCREENSHOT, file.toUtf8().constData()));
+    const auto unset = qScopeGuard([] { TaviSetRunMode(TAVI_RUN_INTERACTIVE, nullptr); });
     using Entry = int (*)(TaviOwner, _tMailServer*);
     auto entry = reinterpret_cast<Entry>(Harness::resolveEntry("EditDirectories"));
     QVERIFY(entry);
@@ -168,24 +169,6 @@ void tst_EntryFrame::driveTypeFromMountInfo()
     QCOMPARE(int(::driveTypeFromMountInfo(info, path)), expected);
 }
 
-// A box without an icon gets the question mark for Yes/No and the exclamation mark otherwise.
-void tst_EntryFrame::defaultMessageBoxIcons_data()
-{
-    QTest::addColumn<unsigned>("style");
-    QTest::addColumn<unsigned>("expected");
-    QTest::addRow("ok") << unsigned(Mb::Ok) << unsigned(Mb::Ok | Mb::IconExclamation);
-    QTest::addRow("yes no") << unsigned(Mb::YesNo) << unsigned(Mb::YesNo | Mb::IconQuestion);
-    QTest::addRow("given icon kept") << unsigned(Mb::OkCancel | Mb::IconStop) << unsigned(Mb::OkCancel | Mb::IconStop);
-    QTest::addRow("retry cancel") << unsigned(Mb::RetryCancel | Mb::DefButton2)
-                                  << unsigned(Mb::RetryCancel | Mb::DefButton2 | Mb::IconExclamation);
-}
-
-void tst_EntryFrame::defaultMessageBoxIcons()
-{
-    QFETCH(unsigned, style);
-    QFETCH(unsigned, expected);
-    QCOMPARE(effectiveMessageBoxStyle(style), expected);
-}
 
 QTEST_MAIN(tst_EntryFrame)
 #include "tst_entryframe.moc"

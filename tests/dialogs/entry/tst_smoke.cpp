@@ -17,6 +17,8 @@ private Q_SLOTS:
     }
     void openAndCancel_data();
     void openAndCancel();
+    void untouchedOkKeepsLongTexts_data();
+    void untouchedOkKeepsLongTexts();
 };
 
 void tst_Smoke::openAndCancel_data()
@@ -57,6 +59,31 @@ void tst_Smoke::openAndCancel()
     QVERIFY(!title.isEmpty());
     QVERIFY2(!title.contains(QLatin1String("%1")), qPrintable(title));
     QCOMPARE(store.calls("SetMailServerProperty"), 0u);
+}
+
+// A stored text longer than an edit's usual limit is shown whole and an untouched OK leaves it as it is.
+void tst_Smoke::untouchedOkKeepsLongTexts_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QStringList>("properties"); // of the server's own section
+    QTest::newRow("directories") << "EditDirectories" << QStringList{"MailSpoolDir"};
+    QTest::newRow("agents") << "EditAgents" << QStringList{"IncomingMailCmd", "ArchiveDir"};
+    QTest::newRow("file log") << "EditFileLogConfig" << QStringList{"MailLogDir"};
+}
+
+void tst_Smoke::untouchedOkKeepsLongTexts()
+{
+    QFETCH(QString, entry);
+    QFETCH(QStringList, properties);
+    CTestStore store;
+    CScriptedPlatform platform;
+    const QString longText = QStringLiteral("/srv/") + QString(40000, QLatin1Char('x'));
+    for (const QString& p : properties)
+        QVERIFY(store.setString(nullptr, p.toLatin1().constData(), longText));
+    store.reopen();
+    Harness::runEntry(entry.toLatin1().constData(), 0, store, [&](QDialog* d) { Harness::clickButton(d, "btnOK"); });
+    for (const QString& p : properties)
+        QCOMPARE(store.string(nullptr, p.toLatin1().constData()).size(), longText.size());
 }
 
 QTEST_MAIN(tst_Smoke)

@@ -73,6 +73,8 @@ int CScriptedPlatform::messageBox(QWidget*, const QString& text, const QString& 
     call.text = text;
     call.caption = caption;
     call.style = style;
+    if (m_waitDepth > 0)
+        QTest::qFail(qPrintable(QStringLiteral("a message box under the wait cursor: ") + text), __FILE__, __LINE__);
     if (!m_messageAnswers.isEmpty()) {
         call.result = m_messageAnswers.takeFirst();
     } else if ((style & Mb::ButtonMask) == Mb::Ok) {

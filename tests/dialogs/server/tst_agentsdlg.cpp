@@ -97,6 +97,7 @@ void tst_AgentsDlg::changesAreWrittenTrimmed_data()
                                    << kAgent << kArchive << 0 << 2;
     // OK counts letter case as a change, the saving exchange does not: 1 comes back, nothing is written.
     QTest::addRow("case only") << kAgent << kArchive.toLower() << kAgent << kArchive << 0 << 1;
+    QTest::addRow("agent case only") << kAgent.toUpper() << kArchive << kAgent << kArchive << 0 << 1;
     QTest::addRow("agent") << QStringLiteral(" /usr/lib/velbrook/filter --strict ") << kArchive
                            << QStringLiteral("/usr/lib/velbrook/filter --strict") << kArchive << 1 << 1;
     QTest::addRow("archive") << kAgent << QStringLiteral("E:\\Old mail ") << kAgent << QStringLiteral("E:\\Old mail") << 1 << 1;

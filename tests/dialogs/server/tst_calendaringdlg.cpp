@@ -99,10 +99,10 @@ void tst_CalendaringDlg::failedReadStopsInitialisation()
     QVERIFY(!on);
     QVERIFY(m_platform->messages().isEmpty());
     QCOMPARE(result, 1);
-    // Neither button selected writes the scope 1; the cleared box equals the 0 taken as read.
-    QCOMPARE(m_store->calls("SetMailServerProperty"), 1u);
+    // The untouched controls stand for what could not be read: an untouched OK writes nothing.
+    QCOMPARE(m_store->calls("SetMailServerProperty"), 0u);
     VbClearFaults(*m_store);
-    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(1));
+    QCOMPARE(m_store->number("CalendarMgr", "CalendarRemit"), std::optional<quint32>(2));
     QCOMPARE(m_store->number("CalendarMgr", "CalendarOn"), std::optional<quint32>(1));
 }
 

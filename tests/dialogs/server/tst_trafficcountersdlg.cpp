@@ -142,6 +142,12 @@ void tst_TrafficCountersDlg::resetsWrittenInOrderAndSilently()
     VbClearFaults(*m_store);
     QCOMPARE(m_store->number("Statistics", "MailboxAutoReset"), std::optional<quint32>(604800));
     QCOMPARE(m_store->number("Statistics", "DomainAutoReset"), std::optional<quint32>(0));
+    // Once the store takes it, the mailbox interval reaches it.
+    Harness::runEntry("EditTrafficCounters", 0, *m_store, [&](QDialog* d) {
+        Harness::typeInto(Harness::control<QLineEdit>(d, "edtMailboxAutoReset"), QStringLiteral("3600"));
+        Harness::clickButton(d, "btnOK");
+    });
+    QCOMPARE(m_store->number("Statistics", "MailboxAutoReset"), std::optional<quint32>(3600));
 }
 
 // A threshold out of range must be refused by Save Report and by OK alike, with the focus on it.
