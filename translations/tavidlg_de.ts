@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>CAgentsDlg</name>
+    <message>
+        <source>Agents on %1</source>
+        <translation>Agenten auf %1</translation>
+    </message>
+    <message>
+        <source>&amp;Incoming mail agent:</source>
+        <translation>Agent für &amp;eingehende Mail:</translation>
+    </message>
+    <message>
+        <source>&amp;Archive directory:</source>
+        <translation>&amp;Archivverzeichnis:</translation>
+    </message>
+</context>
+<context>
     <name>CAliasDlg</name>
     <message>
         <source>Alias</source>
@@ -610,6 +625,29 @@ Klicken Sie auf „Weiter“, um fortzufahren.</translation>
     </message>
 </context>
 <context>
+    <name>CCalendaringDlg</name>
+    <message>
+        <source>Calendaring on %1!s!</source>
+        <translation>Kalender auf %1!s!</translation>
+    </message>
+    <message>
+        <source>Configure Calendaring on this server</source>
+        <translation>Kalenderfunktion dieses Servers einrichten</translation>
+    </message>
+    <message>
+        <source>Enable Calendaring on this server</source>
+        <translation>Kalenderfunktion auf diesem Server aktivieren</translation>
+    </message>
+    <message>
+        <source>Enable for all mailboxes</source>
+        <translation>Für alle Postfächer aktivieren</translation>
+    </message>
+    <message>
+        <source>Enable for configured domains/mailboxes</source>
+        <translation>Für eingerichtete Domänen/Postfächer aktivieren</translation>
+    </message>
+</context>
+<context>
     <name>CDbLogConfigDlg</name>
     <message>
         <source>Also &amp;log events to a database</source>
@@ -752,6 +790,21 @@ Klicken Sie auf „Weiter“, um fortzufahren.</translation>
     <message>
         <source>D&amp;isconnect</source>
         <translation>&amp;Trennen</translation>
+    </message>
+</context>
+<context>
+    <name>CDirectoriesDlg</name>
+    <message>
+        <source>Mail directory locations on %1</source>
+        <translation>Mailverzeichnisse auf %1</translation>
+    </message>
+    <message>
+        <source>Mail &amp;spool directory:</source>
+        <translation>Mail-&amp;Spoolverzeichnis:</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
     </message>
 </context>
 <context>
@@ -1001,6 +1054,21 @@ dass sich die Nachricht verzögert.</translation>
     </message>
 </context>
 <context>
+    <name>CFileLogConfigDlg</name>
+    <message>
+        <source>File log configuration on %1</source>
+        <translation>Dateiprotokoll auf %1</translation>
+    </message>
+    <message>
+        <source>&amp;Log file directory:</source>
+        <translation>&amp;Protokollverzeichnis:</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+</context>
+<context>
     <name>CHelpWindow</name>
     <message>
         <source>Velbrook Help</source>
@@ -1057,6 +1125,44 @@ dass sich die Nachricht verzögert.</translation>
     <message>
         <source>S&amp;tart Page</source>
         <translation>St&amp;artseite</translation>
+    </message>
+</context>
+<context>
+    <name>CIp4AddressEdit</name>
+    <message>
+        <source>.</source>
+        <translation>.</translation>
+    </message>
+</context>
+<context>
+    <name>CListEditor</name>
+    <message>
+        <source>Select List</source>
+        <translation>Liste auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>&amp;Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>&amp;Edit...</source>
+        <translation>&amp;Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren...</translation>
+    </message>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>&amp;Exportieren...</translation>
+    </message>
+    <message>
+        <source>Load Default</source>
+        <translation>Standard laden</translation>
     </message>
 </context>
 <context>
@@ -1565,6 +1671,66 @@ add Name: Wert, set Name: Wert, remove Name, rename Name NeuerName.</translation
     </message>
 </context>
 <context>
+    <name>CQuotasDlg</name>
+    <message>
+        <source>Quotas on %1</source>
+        <translation>Kontingente auf %1</translation>
+    </message>
+    <message>
+        <source>&amp;Enable quota support</source>
+        <translation>&amp;Kontingente aktivieren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy quota warnings to postmaster</source>
+        <translation>Kontingentwarnungen in &amp;Kopie an den Postmaster</translation>
+    </message>
+    <message>
+        <source>Reject over-quota mail with permanent (522) error</source>
+        <translation>Mail über dem Kontingent mit dauerhaftem Fehler (522) abweisen</translation>
+    </message>
+    <message>
+        <source>&amp;Interval between quota warnings (days):</source>
+        <translation>&amp;Abstand zwischen Kontingentwarnungen (Tage):</translation>
+    </message>
+    <message>
+        <source>Default Domain Quotas</source>
+        <translation>Standardkontingente der Domänen</translation>
+    </message>
+    <message>
+        <source>Default domain &amp;quota limit (kB):</source>
+        <translation>Standard-&amp;Kontingentgrenze der Domäne (kB):</translation>
+    </message>
+    <message>
+        <source>Default domain &amp;warning limit (kB):</source>
+        <translation>Standard-&amp;Warngrenze der Domäne (kB):</translation>
+    </message>
+    <message>
+        <source>Values are for reporting purposes only and are not
+automatically enforced</source>
+        <translation>Die Werte dienen nur Berichten und werden nicht
+automatisch durchgesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>CReminder</name>
+    <message>
+        <source>Reminder</source>
+        <translation>Erinnerung</translation>
+    </message>
+    <message>
+        <source>&amp;Don't show this dialog again</source>
+        <translation>Diesen Dialog &amp;nicht mehr anzeigen</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>CRoutingDlg</name>
     <message>
         <source>Routing on %1</source>
@@ -1868,6 +2034,29 @@ add Name: Wert, set Name: Wert, remove Name, rename Name NeuerName.</translation
     </message>
 </context>
 <context>
+    <name>CServiceDlg</name>
+    <message>
+        <source>Service status:</source>
+        <translation>Dienststatus:</translation>
+    </message>
+    <message>
+        <source>&amp;Start!</source>
+        <translation>&amp;Starten!</translation>
+    </message>
+    <message>
+        <source>St&amp;op!</source>
+        <translation>&amp;Beenden!</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+</context>
+<context>
     <name>CServicePropertiesDlg</name>
     <message>
         <source> service on %1</source>
@@ -2025,6 +2214,75 @@ add Name: Wert, set Name: Wert, remove Name, rename Name NeuerName.</translation
     </message>
 </context>
 <context>
+    <name>CSubnetListDlg</name>
+    <message>
+        <source>&amp;Network Address:</source>
+        <translation>&amp;Netzwerkadresse:</translation>
+    </message>
+    <message>
+        <source>Subnet Mas&amp;k:</source>
+        <translation>Subnetz&amp;maske:</translation>
+    </message>
+    <message>
+        <source>C&amp;omment:</source>
+        <translation>&amp;Kommentar:</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Modify</source>
+        <translation>Ä&amp;ndern</translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation>Lee&amp;ren</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren...</translation>
+    </message>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>&amp;Exportieren...</translation>
+    </message>
+</context>
+<context>
+    <name>CTaviDialog</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>CTaviPropertySheet</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+</context>
+<context>
     <name>CToDScheduleDlg</name>
     <message>
         <source>&amp;Time (hhmm):</source>
@@ -2050,6 +2308,245 @@ verbindung, wenn keine Mail wartet.</translation>
     </message>
 </context>
 <context>
+    <name>CTrafficCountersDlg</name>
+    <message>
+        <source>RCPT Commands:</source>
+        <translation>RCPT-Befehle:</translation>
+    </message>
+    <message>
+        <source>SMTP Bytes Sent:</source>
+        <translation>SMTP-Bytes gesendet:</translation>
+    </message>
+    <message>
+        <source>SMTP Bytes Received:</source>
+        <translation>SMTP-Bytes empfangen:</translation>
+    </message>
+    <message>
+        <source>IMAP Bytes Sent:</source>
+        <translation>IMAP-Bytes gesendet:</translation>
+    </message>
+    <message>
+        <source>IMAP Bytes Received:</source>
+        <translation>IMAP-Bytes empfangen:</translation>
+    </message>
+    <message>
+        <source>POP Bytes Sent:</source>
+        <translation>POP-Bytes gesendet:</translation>
+    </message>
+    <message>
+        <source>POP Bytes Received:</source>
+        <translation>POP-Bytes empfangen:</translation>
+    </message>
+    <message>
+        <source>Traffic Counters on %1</source>
+        <translation>Verkehrszähler auf %1</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Enable Traffic Counters</source>
+        <translation>Verkehrszähler aktivieren</translation>
+    </message>
+    <message>
+        <source>Domain Auto Reset (s):</source>
+        <translation>Domänen automatisch zurücksetzen (s):</translation>
+    </message>
+    <message>
+        <source>Mailbox Auto Reset (s):</source>
+        <translation>Postfächer automatisch zurücksetzen (s):</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>Bericht</translation>
+    </message>
+    <message>
+        <source>List all mailboxes whose traffic counters are greater than 
+the following values</source>
+        <translation>Alle Postfächer auflisten, deren Verkehrszähler größer sind als 
+die folgenden Werte</translation>
+    </message>
+    <message>
+        <source>Save Report...</source>
+        <translation>Bericht speichern...</translation>
+    </message>
+</context>
+<context>
+    <name>CWirelessCarrierDlg</name>
+    <message>
+        <source>(new)</source>
+        <translation>(neu)</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>&amp;SMS gateway domain:</source>
+        <translation>&amp;SMS-Gateway-Domäne:</translation>
+    </message>
+    <message>
+        <source>Id:</source>
+        <translation>Kennung:</translation>
+    </message>
+</context>
+<context>
+    <name>ConsoleWindow</name>
+    <message>
+        <source>Velbrook Administration Console</source>
+        <translation>Velbrook-Verwaltungskonsole</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Location:</source>
+        <translation>Ort:</translation>
+    </message>
+    <message>
+        <source>Connector:</source>
+        <translation>Connector:</translation>
+    </message>
+    <message>
+        <source>%1: closed with result %2</source>
+        <translation>%1: mit Ergebnis %2 geschlossen</translation>
+    </message>
+    <message>
+        <source>&amp;Dialogs:</source>
+        <translation>&amp;Dialoge:</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>Ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open store...</source>
+        <translation>Speicher ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Refresh</source>
+        <translation>A&amp;ktualisieren</translation>
+    </message>
+    <message>
+        <source>Server &amp;statistics...</source>
+        <translation>Server&amp;statistik...</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>Ü&amp;ber</translation>
+    </message>
+    <message>
+        <source>About the console</source>
+        <translation>Über die Konsole</translation>
+    </message>
+    <message>
+        <source>Open a configuration store</source>
+        <translation>Konfigurationsspeicher öffnen</translation>
+    </message>
+    <message>
+        <source>Opened %1</source>
+        <translation>%1 geöffnet</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 (error %3)</source>
+        <translation>%1: %2 (Fehler %3)</translation>
+    </message>
+    <message numerus="yes">
+        <source>, and %n more</source>
+        <translation>, und %n weitere</translation>
+    </message>
+    <message>
+        <source>%1: some changes were not saved</source>
+        <translation>%1: einige Änderungen wurden nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>%1: these changes were not saved:</source>
+        <translation>%1: diese Änderungen wurden nicht gespeichert:</translation>
+    </message>
+    <message>
+        <source>(no store open)</source>
+        <translation>(kein Speicher geöffnet)</translation>
+    </message>
+    <message>
+        <source>%1 - Velbrook Administration Console</source>
+        <translation>%1 - Velbrook-Verwaltungskonsole</translation>
+    </message>
+    <message>
+        <source>No configuration store is open.</source>
+        <translation>Es ist kein Konfigurationsspeicher geöffnet.</translation>
+    </message>
+    <message>
+        <source> service</source>
+        <translation> (Dienst)</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>1 dialog available</source>
+        <translation>1 Dialog verfügbar</translation>
+    </message>
+    <message>
+        <source>%1: closed with OK</source>
+        <translation>%1: mit OK geschlossen</translation>
+    </message>
+    <message>
+        <source>%1: cancelled</source>
+        <translation>%1: abgebrochen</translation>
+    </message>
+    <message>
+        <source>%1: the dialog could not be opened</source>
+        <translation>%1: Der Dialog konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>%1: returned %2</source>
+        <translation>%1: Ergebnis %2</translation>
+    </message>
+    <message>
+        <source> (default)</source>
+        <translation> (Standard)</translation>
+    </message>
+    <message>
+        <source>Choose a domain</source>
+        <translation>Domäne wählen</translation>
+    </message>
+    <message>
+        <source>&amp;Domain:</source>
+        <translation>&amp;Domäne:</translation>
+    </message>
+    <message>
+        <source>Open a %1</source>
+        <translation>%1 öffnen</translation>
+    </message>
+</context>
+<context>
     <name>HeaderScript</name>
     <message>
         <source>"%1" needs a header name followed by a colon and a value.</source>
@@ -2070,6 +2567,52 @@ verbindung, wenn keine Mail wartet.</translation>
     <message>
         <source>Unknown command "%1"; use add, set, remove or rename.</source>
         <translation>Unbekannter Befehl „%1“; verwenden Sie add, set, remove oder rename.</translation>
+    </message>
+</context>
+<context>
+    <name>HealthPanel</name>
+    <message>
+        <source>Configuration health</source>
+        <translation>Zustand der Konfiguration</translation>
+    </message>
+    <message>
+        <source>No configuration problems found.</source>
+        <translation>Keine Konfigurationsprobleme gefunden.</translation>
+    </message>
+    <message>
+        <source>The dialog library does not offer %1.</source>
+        <translation>Die Dialogbibliothek bietet %1 nicht an.</translation>
+    </message>
+</context>
+<context>
+    <name>HealthRules</name>
+    <message>
+        <source>Anti-&amp;relay wizard...</source>
+        <translation>Anti-&amp;Relay-Assistent...</translation>
+    </message>
+    <message>
+        <source>Securi&amp;ty...</source>
+        <translation>Sicherhei&amp;t...</translation>
+    </message>
+    <message>
+        <source>Anti-spa&amp;m wizard...</source>
+        <translation>Anti-Spa&amp;m-Assistent...</translation>
+    </message>
+    <message>
+        <source>Anti-Do&amp;S wizard...</source>
+        <translation>Anti-Do&amp;S-Assistent...</translation>
+    </message>
+    <message>
+        <source>Director&amp;ies...</source>
+        <translation>Verze&amp;ichnisse...</translation>
+    </message>
+    <message>
+        <source>File lo&amp;g...</source>
+        <translation>Dateiprotokoll (&amp;g)...</translation>
+    </message>
+    <message>
+        <source>&amp;Quotas...</source>
+        <translation>&amp;Kontingente...</translation>
     </message>
 </context>
 <context>
@@ -2103,6 +2646,105 @@ verbindung, wenn keine Mail wartet.</translation>
     <message>
         <source>Security Properties</source>
         <translation>Sicherheitseigenschaften</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsWindow</name>
+    <message>
+        <source>RCPT commands:</source>
+        <translation>RCPT-Befehle:</translation>
+    </message>
+    <message>
+        <source>SMTP received:</source>
+        <translation>SMTP empfangen:</translation>
+    </message>
+    <message>
+        <source>SMTP sent:</source>
+        <translation>SMTP gesendet:</translation>
+    </message>
+    <message>
+        <source>IMAP sent:</source>
+        <translation>IMAP gesendet:</translation>
+    </message>
+    <message>
+        <source>IMAP received:</source>
+        <translation>IMAP empfangen:</translation>
+    </message>
+    <message>
+        <source>POP sent:</source>
+        <translation>POP gesendet:</translation>
+    </message>
+    <message>
+        <source>POP received:</source>
+        <translation>POP empfangen:</translation>
+    </message>
+    <message>
+        <source>Mail Server Statistics</source>
+        <translation>Mailserver-Statistik</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Domains:</source>
+        <translation>Domänen:</translation>
+    </message>
+    <message>
+        <source>Mailboxes:</source>
+        <translation>Postfächer:</translation>
+    </message>
+    <message>
+        <source>Mailing lists:</source>
+        <translation>Mailinglisten:</translation>
+    </message>
+    <message>
+        <source>Mailboxes with a quota:</source>
+        <translation>Postfächer mit Kontingent:</translation>
+    </message>
+    <message>
+        <source>Over quota:</source>
+        <translation>Über dem Kontingent:</translation>
+    </message>
+    <message>
+        <source>Near quota:</source>
+        <translation>Nahe am Kontingent:</translation>
+    </message>
+    <message>
+        <source>Traffic of all mailboxes</source>
+        <translation>Verkehr aller Postfächer</translation>
+    </message>
+    <message>
+        <source>&amp;Largest mailboxes:</source>
+        <translation>&amp;Größte Postfächer:</translation>
+    </message>
+    <message>
+        <source>Mailbox</source>
+        <translation>Postfach</translation>
+    </message>
+    <message>
+        <source>Size (kB)</source>
+        <translation>Größe (kB)</translation>
+    </message>
+    <message>
+        <source>Messages</source>
+        <translation>Nachrichten</translation>
+    </message>
+    <message>
+        <source>&amp;Refresh</source>
+        <translation>A&amp;ktualisieren</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>A statistic could not be read: %1 (error %2).</source>
+        <translation>Eine Statistik konnte nicht gelesen werden: %1 (Fehler %2).</translation>
+    </message>
+    <message>
+        <source>Computed by the store in %1 ms.</source>
+        <translation>Vom Speicher in %1 ms berechnet.</translation>
     </message>
 </context>
 <context>
@@ -2918,6 +3560,366 @@ Wählen Sie einen anderen Port oder für einen der beiden Dienste eine andere Ad
     <message>
         <source>Move selected entry down the list</source>
         <translation>Ausgewählten Eintrag in der Liste nach unten verschieben</translation>
+    </message>
+    <message>
+        <source>
+Error: %1
+%2
+</source>
+        <translation>
+Fehler: %1
+%2
+</translation>
+    </message>
+    <message>
+        <source>Mail list manager error</source>
+        <translation>Fehler der Mailinglistenverwaltung</translation>
+    </message>
+    <message>
+        <source>Mailbox manager error</source>
+        <translation>Fehler der Postfachverwaltung</translation>
+    </message>
+    <message>
+        <source>Could not start %1 service</source>
+        <translation>Der Dienst %1 konnte nicht gestartet werden</translation>
+    </message>
+    <message>
+        <source>Could not stop %1 service</source>
+        <translation>Der Dienst %1 konnte nicht beendet werden</translation>
+    </message>
+    <message>
+        <source>You cannot create any more mailboxes in this domain.</source>
+        <translation>In dieser Domäne können keine weiteren Postfächer angelegt werden.</translation>
+    </message>
+    <message>
+        <source>You cannot create any more mail lists in this domain.</source>
+        <translation>In dieser Domäne können keine weiteren Mailinglisten angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The property is too large.</source>
+        <translation>Die Eigenschaft ist zu groß.</translation>
+    </message>
+    <message>
+        <source>Could not set the '%1' mail server property.</source>
+        <translation>Die Mailserver-Eigenschaft „%1“ konnte nicht gesetzt werden.</translation>
+    </message>
+    <message>
+        <source>Failed to update property %1!s!, error %2!d!.</source>
+        <translation>Die Eigenschaft %1!s! konnte nicht aktualisiert werden, Fehler %2!d!.</translation>
+    </message>
+    <message>
+        <source>Velbrook Mail Server</source>
+        <translation>Velbrook-Mailserver</translation>
+    </message>
+    <message>
+        <source>Enter a whole number from %1 to %2.</source>
+        <translation>Geben Sie eine ganze Zahl von %1 bis %2 ein.</translation>
+    </message>
+    <message>
+        <source>Enter a whole number of at least 0.</source>
+        <translation>Geben Sie eine ganze Zahl ab 0 ein.</translation>
+    </message>
+    <message>
+        <source>Help topic %1 is not installed.</source>
+        <translation>Das Hilfethema %1 ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Apply Now</source>
+        <translation>Ü&amp;bernehmen</translation>
+    </message>
+    <message>
+        <source>Working...</source>
+        <translation>In Arbeit...</translation>
+    </message>
+    <message>
+        <source>List Editor</source>
+        <translation>Listeneditor</translation>
+    </message>
+    <message>
+        <source>&lt;select a list&gt;</source>
+        <translation>&lt;Liste auswählen&gt;</translation>
+    </message>
+    <message>
+        <source>Do you want to save the current list before continuing?</source>
+        <translation>Möchten Sie die aktuelle Liste speichern, bevor Sie fortfahren?</translation>
+    </message>
+    <message>
+        <source>The loading of the address list %1 failed with error %2. Try to close and reopen the list editor.</source>
+        <translation>Das Laden der Adressliste %1 ist mit Fehler %2 gescheitert. Schließen Sie den Listeneditor und öffnen Sie ihn erneut.</translation>
+    </message>
+    <message>
+        <source>The item could not be added to the list because
+it duplicates an item already in the list. Modify
+the item by pressing the 'Edit' button.</source>
+        <translation>Der Eintrag konnte nicht zur Liste hinzugefügt werden, weil er
+einen vorhandenen Eintrag doppelt. Ändern Sie den Eintrag
+mit der Schaltfläche „Bearbeiten“.</translation>
+    </message>
+    <message>
+        <source>The operation failed with error code %1</source>
+        <translation>Der Vorgang ist mit Fehlercode %1 gescheitert</translation>
+    </message>
+    <message>
+        <source>The new name already exists.</source>
+        <translation>Der neue Name existiert bereits.</translation>
+    </message>
+    <message>
+        <source>An error has occurred and the selected string "%1"
+has been removed from the list.</source>
+        <translation>Ein Fehler ist aufgetreten, und der ausgewählte Eintrag „%1“
+wurde aus der Liste entfernt.</translation>
+    </message>
+    <message>
+        <source>Could not save the list.</source>
+        <translation>Die Liste konnte nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Could not determine the known lists.</source>
+        <translation>Die bekannten Listen konnten nicht ermittelt werden.</translation>
+    </message>
+    <message>
+        <source>CSV (Comma delimited)</source>
+        <translation>CSV (kommagetrennt)</translation>
+    </message>
+    <message>
+        <source>All Files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message>
+        <source>Importing %1...</source>
+        <translation>%1 wird importiert...</translation>
+    </message>
+    <message>
+        <source>There were I/O errors when processing the file.</source>
+        <translation>Beim Verarbeiten der Datei traten Ein-/Ausgabefehler auf.</translation>
+    </message>
+    <message>
+        <source>%1 rows of the file could not be imported, on these lines: %2
+
+%3 entries were read. Press OK to add them to the list, or Cancel to import nothing.</source>
+        <translation>%1 Zeilen der Datei konnten nicht importiert werden, in diesen Zeilen: %2
+
+%3 Einträge wurden gelesen. Klicken Sie auf OK, um sie zur Liste hinzuzufügen, oder auf Abbrechen, um nichts zu importieren.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>The default list could not be loaded.</source>
+        <translation>Die Standardliste konnte nicht geladen werden.</translation>
+    </message>
+    <message>
+        <source>%1 entries</source>
+        <translation>%1 Einträge</translation>
+    </message>
+    <message>
+        <source>E-mail Address Lists on %1</source>
+        <translation>E-Mail-Adresslisten auf %1</translation>
+    </message>
+    <message>
+        <source>Domain E-mail Address Lists on %1</source>
+        <translation>E-Mail-Adresslisten der Domäne auf %1</translation>
+    </message>
+    <message>
+        <source>Mailbox E-mail Address Lists on %1</source>
+        <translation>E-Mail-Adresslisten des Postfachs auf %1</translation>
+    </message>
+    <message>
+        <source>Add E-mail Address</source>
+        <translation>E-Mail-Adresse hinzufügen</translation>
+    </message>
+    <message>
+        <source>Edit E-mail Address</source>
+        <translation>E-Mail-Adresse bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Address or pattern:</source>
+        <translation>&amp;Adresse oder Muster:</translation>
+    </message>
+    <message>
+        <source>For example: jane@example.com, *@example.com (a whole domain),
+*@*.example.com (its subdomains too), sales*@example.com</source>
+        <translation>Zum Beispiel: jane@example.com, *@example.com (eine ganze Domäne),
+*@*.example.com (auch ihre Subdomänen), sales*@example.com</translation>
+    </message>
+    <message>
+        <source>"%1" is not an e-mail address or address pattern.
+
+%2</source>
+        <translation>„%1“ ist keine E-Mail-Adresse und kein Adressmuster.
+
+%2</translation>
+    </message>
+    <message>
+        <source>Exporting %1...</source>
+        <translation>%1 wird exportiert...</translation>
+    </message>
+    <message>
+        <source>Wireless Carriers on %1</source>
+        <translation>Mobilfunkanbieter auf %1</translation>
+    </message>
+    <message>
+        <source>Carriers</source>
+        <translation>Anbieter</translation>
+    </message>
+    <message>
+        <source>Add Wireless Carrier</source>
+        <translation>Mobilfunkanbieter hinzufügen</translation>
+    </message>
+    <message>
+        <source>Edit Wireless Carrier</source>
+        <translation>Mobilfunkanbieter bearbeiten</translation>
+    </message>
+    <message>
+        <source>Enter the carrier's name (up to 64 characters, without tabs or "&lt;").</source>
+        <translation>Geben Sie den Namen des Anbieters ein (bis zu 64 Zeichen, ohne Tabulatoren oder „&lt;“).</translation>
+    </message>
+    <message>
+        <source>Enter the carrier's SMS gateway domain, such as txt.example.net: the domain that turns mail to number@domain into a text message.</source>
+        <translation>Geben Sie die SMS-Gateway-Domäne des Anbieters ein, etwa txt.example.net: die Domäne, die Mail an nummer@domäne in eine Textnachricht verwandelt.</translation>
+    </message>
+    <message>
+        <source>A carrier named "%1" is already in the list.</source>
+        <translation>Ein Anbieter namens „%1“ steht bereits in der Liste.</translation>
+    </message>
+    <message>
+        <source>The carrier table "%1" could not be written.</source>
+        <translation>Die Anbietertabelle „%1“ konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Mailbox Report Save As:</source>
+        <translation>Postfachbericht speichern unter:</translation>
+    </message>
+    <message>
+        <source>Mailbox Report Save Failed</source>
+        <translation>Postfachbericht nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Failed to save the report as "%1".  The error code returned was %2!d!.</source>
+        <translation>Der Bericht konnte nicht als „%1“ gespeichert werden.  Der zurückgegebene Fehlercode war %2!d!.</translation>
+    </message>
+    <message>
+        <source>Failed to generate the report.   The error code returned was %1!d!.</source>
+        <translation>Der Bericht konnte nicht erstellt werden.   Der zurückgegebene Fehlercode war %1!d!.</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>Mailboxes contain: %ukB (%u messages)<byte value="xd" />
+(as of %s)</source>
+        <translation>Postfächer enthalten: %ukB (%u Nachrichten)<byte value="xd" />
+(Stand: %s)</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>beendet</translation>
+    </message>
+    <message>
+        <source>running</source>
+        <translation>läuft</translation>
+    </message>
+    <message>
+        <source>starting</source>
+        <translation>wird gestartet</translation>
+    </message>
+    <message>
+        <source>stopping</source>
+        <translation>wird beendet</translation>
+    </message>
+    <message>
+        <source>resuming</source>
+        <translation>wird fortgesetzt</translation>
+    </message>
+    <message>
+        <source>pausing</source>
+        <translation>wird angehalten</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>angehalten</translation>
+    </message>
+    <message>
+        <source>You must specify a local drive or a UNC path for this value.</source>
+        <translation>Geben Sie für diesen Wert ein lokales Laufwerk oder einen UNC-Pfad an.</translation>
+    </message>
+    <message>
+        <source>When using a clustered configuration, you should specify a UNC path for the server agent.  Otherwise, the program may be inaccessible to the other mail servers in the cluster.
+
+ You should only specify a drive letter if using the Registry connector.</source>
+        <translation>In einer Cluster-Konfiguration sollten Sie für den Server-Agenten einen UNC-Pfad angeben.  Andernfalls ist das Programm für die anderen Mailserver des Clusters womöglich nicht erreichbar.
+
+ Geben Sie nur mit dem Registry-Connector einen Laufwerksbuchstaben an.</translation>
+    </message>
+    <message>
+        <source>CSV File (*.CSV)</source>
+        <translation>CSV-Datei (*.CSV)</translation>
+    </message>
+    <message>
+        <source>All Files (*.*)</source>
+        <translation>Alle Dateien (*.*)</translation>
+    </message>
+    <message>
+        <source>Generating the mailbox report...</source>
+        <translation>Der Postfachbericht wird erstellt...</translation>
+    </message>
+    <message>
+        <source>Saving the mailbox report...</source>
+        <translation>Der Postfachbericht wird gespeichert...</translation>
+    </message>
+    <message>
+        <source>Cannot add entry as this Nework Address and Subnet Mask already exist in the list.</source>
+        <translation>Der Eintrag kann nicht hinzugefügt werden, da diese Netzwerkadresse und Subnetzmaske bereits in der Liste stehen.</translation>
+    </message>
+    <message>
+        <source>IP subnet</source>
+        <translation>IP-Subnetz</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>The combination of network address and subnet mask entered is not a valid CIDR subnet or the comment contains illegal characters.
+
+As a valid example,  the network IDs 131.107.4.0, 131.107.5.0, 131.107.6.0, and 131.107.7.0 can be summarized with the network ID 131.107.4.0, with a subnet mask of 255.255.252.0 (131.107.4.0/22).
+
+More information about subnet masks is available on the internet.</source>
+        <translation>Die eingegebene Kombination aus Netzwerkadresse und Subnetzmaske ist kein gültiges CIDR-Subnetz, oder der Kommentar enthält unzulässige Zeichen.
+
+Ein gültiges Beispiel:  Die Netzwerk-IDs 131.107.4.0, 131.107.5.0, 131.107.6.0 und 131.107.7.0 lassen sich mit der Netzwerk-ID 131.107.4.0 und der Subnetzmaske 255.255.252.0 zusammenfassen (131.107.4.0/22).
+
+Weitere Informationen über Subnetzmasken finden Sie im Internet.</translation>
+    </message>
+    <message>
+        <source>There were %1 errors when processing the file.</source>
+        <translation>Beim Verarbeiten der Datei traten %1 Fehler auf.</translation>
+    </message>
+    <message>
+        <source>IP Subnets</source>
+        <translation>IP-Subnetze</translation>
+    </message>
+    <message>
+        <source>Importing subnets from %1...</source>
+        <translation>Subnetze werden aus %1 importiert...</translation>
+    </message>
+    <message>
+        <source>Trusted IP Subnets</source>
+        <translation>Vertrauenswürdige IP-Subnetze</translation>
+    </message>
+    <message>
+        <source>Could not read the '%1' mail server property.</source>
+        <translation>Die Mailserver-Eigenschaft „%1“ konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 entries of the '%2' mail server property could not be read. They are not shown, and they will be removed when the list is saved.</source>
+        <translation>%1 Einträge der Mailserver-Eigenschaft „%2“ konnten nicht gelesen werden. Sie werden nicht angezeigt und beim Speichern der Liste entfernt.</translation>
     </message>
 </context>
 <context>
