@@ -935,7 +935,7 @@ GERMAN = {
     ('HealthRules', 'Anti-spa&m wizard...'): 'Anti-Spa&m-Assistent...',
     ('HealthRules', 'Anti-Do&S wizard...'): 'Anti-Do&S-Assistent...',
     ('HealthRules', 'Director&ies...'): 'Verze&ichnisse...',
-    ('HealthRules', 'File lo&g...'): 'Dateiprotokoll (&g)...',
+    ('HealthRules', 'File lo&g...'): 'Datei&protokoll...',
     ('HealthRules', '&Quotas...'): '&Kontingente...',
     ('StatisticsWindow', 'RCPT commands:'): 'RCPT-Befehle:',
     ('StatisticsWindow', 'SMTP received:'): 'SMTP empfangen:',
@@ -1049,7 +1049,15 @@ def main() -> int:
             source = ts_text(message.find("source"))
             translation = message.find("translation")
             german = GERMAN.get((name, source), GERMAN.get((None, source)))
-            if german is not None:
+            if german is not None and message.get("numerus") == "yes":
+                # German has a singular and a plural form; the same text serves both here.
+                for child in list(translation):
+                    translation.remove(child)
+                translation.text = None
+                for _ in range(2):
+                    set_ts_text(ET.SubElement(translation, "numerusform"), german)
+                translation.attrib.pop("type", None)
+            elif german is not None:
                 set_ts_text(translation, german)
                 translation.attrib.pop("type", None)
             elif translation.get("type") == "unfinished" or not ts_text(translation):

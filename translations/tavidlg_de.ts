@@ -2479,7 +2479,7 @@ die folgenden Werte</translation>
     </message>
     <message numerus="yes">
         <source>, and %n more</source>
-        <translation>, und %n weitere</translation>
+        <translation><numerusform>, und %n weitere</numerusform><numerusform>, und %n weitere</numerusform></translation>
     </message>
     <message>
         <source>%1: some changes were not saved</source>
@@ -2608,7 +2608,7 @@ die folgenden Werte</translation>
     </message>
     <message>
         <source>File lo&amp;g...</source>
-        <translation>Dateiprotokoll (&amp;g)...</translation>
+        <translation>Datei&amp;protokoll...</translation>
     </message>
     <message>
         <source>&amp;Quotas...</source>
