@@ -240,7 +240,11 @@ private:
         cmd.name = m_token.text;
         advance();
         cmd.arguments = arguments();
+        const qsizetype testOffset = m_token.offset;
         cmd.tests = testsAfterArguments(depth);
+        // Only the control commands take a test; anything else there is most likely a missing ';'.
+        if (!cmd.tests.isEmpty() && cmd.name != u"if" && cmd.name != u"elsif")
+            throw Failure{testOffset, tr("Expected ';' after '%1'").arg(cmd.name)};
         if (m_token.kind == Token::Semicolon) {
             advance();
         } else if (m_token.kind == Token::LBrace) {
