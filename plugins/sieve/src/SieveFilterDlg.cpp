@@ -68,7 +68,7 @@ QWidget* CSieveFilterDlg::buildRulesTab()
                            tab);
     m_rawNote->setObjectName(QStringLiteral("lblRawScript"));
     m_rawNote->setWordWrap(true);
-    auto* label = new QLabel(tr("Filter r&ules, applied in this order:"), tab);
+    auto* label = new QLabel(tr("Filter ru&les, applied in this order:"), tab);
     m_list = new QListWidget(tab);
     m_list->setObjectName(QStringLiteral("lstRules"));
     m_list->setUniformItemSizes(true);

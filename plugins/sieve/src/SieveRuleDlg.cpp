@@ -39,7 +39,7 @@ CSieveRuleDlg::CSieveRuleDlg(QWidget* parent, const Rule& rule) : CTaviDialog(pa
     m_condition->addItems({tr("a header contains a text"), tr("its size is over"), tr("it comes from an address")});
     m_form->addRow(tr("&Condition:"), m_condition);
     m_header = makeEdit(when, "edtHeader");
-    m_form->addRow(tr("&Header:"), m_header);
+    m_form->addRow(tr("Hea&der:"), m_header);
     m_textLabel = new QLabel(when);
     m_text = makeEdit(when, "edtText");
     m_textLabel->setBuddy(m_text);
@@ -75,7 +75,7 @@ void CSieveRuleDlg::updateFields()
     m_form->setRowVisible(m_header, condition == Rule::HeaderContains);
     m_form->setRowVisible(m_text, condition != Rule::SizeOver);
     m_form->setRowVisible(m_size, condition == Rule::SizeOver);
-    m_textLabel->setText(condition == Rule::FromAddress ? tr("Add&ress:") : tr("Con&tains:"));
+    m_textLabel->setText(condition == Rule::FromAddress ? tr("Addr&ess:") : tr("Con&tains:"));
     const int action = m_action->currentIndex();
     const bool takesArgument = action == Rule::FileInto || action == Rule::Redirect || action == Rule::Reject;
     m_argument->setEnabled(takesArgument);

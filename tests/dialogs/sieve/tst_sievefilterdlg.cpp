@@ -7,12 +7,14 @@
 #include "SieveRules.h"
 #include "SieveSyntax.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLibrary>
 #include <QLineEdit>
+#include <QMap>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -90,6 +92,47 @@ protected:
         if (!rule || !QTest::qWaitForWindowActive(rule))
             QTest::qFail("the rule editor did not open", __FILE__, __LINE__);
         return rule;
+    }
+
+    // Labels and buttons narrower than their text needs, and shared mnemonics, under root; with TAVI_SCREENSHOT_DIR set the
+    // window is also saved there under the given name.
+    static QStringList clipped(QWidget* root, const QString& shot)
+    {
+        QCoreApplication::processEvents();
+        QStringList found;
+        for (QWidget* w : root->findChildren<QWidget*>()) {
+            if (w->window() != root || !w->isVisibleTo(root) || !(qobject_cast<QLabel*>(w) || qobject_cast<QAbstractButton*>(w)))
+                continue;
+            auto* label = qobject_cast<QLabel*>(w);
+            if (label && label->wordWrap())
+                continue;
+            if (w->width() < w->minimumSizeHint().width() || w->height() < w->minimumSizeHint().height())
+                found << w->objectName() + QLatin1Char(':') + w->property("text").toString();
+        }
+        // Two controls of one window must not share a mnemonic.
+        QMap<QChar, QString> mnemonics;
+        QStringList texts;
+        for (QWidget* w : root->findChildren<QWidget*>()) {
+            if (w->window() == root && w->isVisibleTo(root) && (qobject_cast<QLabel*>(w) || qobject_cast<QAbstractButton*>(w)))
+                texts << w->property("text").toString();
+        }
+        if (auto* tabs = root->findChild<QTabWidget*>()) {
+            for (int i = 0; i < tabs->count(); ++i)
+                texts << tabs->tabText(i);
+        }
+        for (const QString& text : std::as_const(texts)) {
+            const qsizetype at = text.indexOf(QLatin1Char('&'));
+            if (at < 0 || at + 1 >= text.size())
+                continue;
+            const QChar key = text[at + 1].toLower();
+            if (mnemonics.contains(key))
+                found << QStringLiteral("mnemonic %1 in '%2' and '%3'").arg(key).arg(mnemonics[key], text);
+            mnemonics[key] = text;
+        }
+        const QString dir = qEnvironmentVariable("TAVI_SCREENSHOT_DIR");
+        if (!dir.isEmpty())
+            root->grab().save(dir + QLatin1Char('/') + shot + QStringLiteral(".png"));
+        return found;
     }
 
     // Adds a rule through the rule editor, as a person does.
@@ -304,6 +347,39 @@ private Q_SLOTS:
         QCOMPARE(result, 2);
         QCOMPARE(m_platform->messages().size(), 1);
         QVERIFY(stored() == junk);
+    }
+    // Both tabs and the rule editor show their texts whole.
+    void notClipped()
+    {
+        store(Sieve::generateScript({Rule{Rule::HeaderContains, QStringLiteral("Subject"), QStringLiteral("sale"), 0,
+                                           Rule::FileInto, QStringLiteral("Offers")},
+                                      Rule{Rule::SizeOver, QStringLiteral("Subject"), {}, 10 << 20, Rule::Reject,
+                                           QStringLiteral("Please send a link instead.")},
+                                      Rule{Rule::FromAddress, QStringLiteral("Subject"), QStringLiteral("boss@example.com"), 0,
+                                           Rule::SmsNotify, {}}})
+                  .toUtf8());
+        QStringList found;
+        run([&](QDialog* dialog) {
+            auto* tabs = Harness::control<QTabWidget>(dialog, "tabFilter");
+            QCOMPARE(Harness::control<QListWidget>(dialog, "lstRules")->count(), 3);
+            Harness::control<QListWidget>(dialog, "lstRules")->setCurrentRow(1);
+            found << clipped(dialog, QStringLiteral("SieveFilterDlg-rules"));
+            tabs->setCurrentIndex(1);
+            found << clipped(dialog, QStringLiteral("SieveFilterDlg-script"));
+            tabs->setCurrentIndex(0);
+            Harness::driveModal(
+                [&] {
+                    Harness::clickButton(dialog, "btnEdit");
+                    return 0;
+                },
+                [&](QDialog* modal) {
+                    QDialog* rule = ruleEditor(modal);
+                    found << clipped(rule, QStringLiteral("SieveRuleDlg"));
+                    rule->reject();
+                });
+            Harness::clickButton(dialog, "btnCancel");
+        });
+        QCOMPARE(found, QStringList());
     }
 };
 
