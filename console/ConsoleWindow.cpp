@@ -22,6 +22,7 @@
 
 #include <velbrook/DemoConfiguration.h>
 #include <velbrook/DomainStore.h>
+#include <velbrook/ListStore.h>
 #include <velbrook/MailToolkit.h>
 #include <velbrook/ServerStore.h>
 
@@ -357,14 +358,31 @@ void ConsoleWindow::fillDialogList()
             group->setFirstColumnSpanned(true);
             group->setExpanded(true);
         }
-        // Every service of the server gets its own control dialog, with its state beside it.
+        // The properties of a service are listed beside the service itself (below).
+        if (row.args == EntryArgs::Service)
+            continue;
+        // Every service of the server gets its own control dialog, with its state beside it, and its
+        // properties under it.
         if (row.args == EntryArgs::ServiceControl) {
+            const DialogRow* properties = nullptr;
+            for (const DialogRow& other : dialogTable()) {
+                if (other.args == EntryArgs::Service && isAvailable(other))
+                    properties = &other;
+            }
             for (const auto& [name, displayName] : services()) {
                 auto* item = new QTreeWidgetItem(group, {displayName + QStringLiteral(" service")});
                 item->setData(0, Qt::UserRole, QString::fromUtf8(row.entryPoint));
                 item->setData(0, Qt::UserRole + 1, name);
                 item->setToolTip(0, QStringLiteral("%1 (%2)").arg(QString::fromUtf8(row.entryPoint), name));
                 ++count;
+                if (properties) {
+                    auto* child = new QTreeWidgetItem(item, {QStringLiteral("Properties...")});
+                    child->setData(0, Qt::UserRole, QString::fromUtf8(properties->entryPoint));
+                    child->setData(0, Qt::UserRole + 2, name);
+                    child->setToolTip(0, QStringLiteral("%1 (%2)").arg(QString::fromUtf8(properties->entryPoint), name));
+                    item->setExpanded(true);
+                    ++count;
+                }
             }
             continue;
         }
@@ -392,8 +410,13 @@ void ConsoleWindow::openItem(QTreeWidgetItem* item)
     for (const DialogRow& row : dialogTable()) {
         if (entry != QLatin1String(row.entryPoint))
             continue;
-        const int result = openDialog(row, QString(), item->data(0, Qt::UserRole + 1).toString());
-        const QString what = item->text(0);
+        const QVariant service = item->data(0, Qt::UserRole + 1).isValid() ? item->data(0, Qt::UserRole + 1)
+                                                                           : item->data(0, Qt::UserRole + 2);
+        const int result = openDialog(row, QString(), service.toString());
+        // A service's "Properties..." is named after its service in the status line.
+        const QString what = item->data(0, Qt::UserRole + 2).isValid() && item->parent()
+                               ? item->parent()->text(0) + QStringLiteral(" properties")
+                               : item->text(0);
         if (result == 1)
             m_status->setText(QStringLiteral("%1: closed with OK").arg(what));
         else if (result == 2)
@@ -440,6 +463,24 @@ QString ConsoleWindow::askDomain(bool* ok)
     return index >= 0 ? domains.at(index) : QString();
 }
 
+QStringList ConsoleWindow::mailingLists(const QString& domain) const
+{
+    const QByteArray d = domain.toUtf8();
+    uint32_t size = 0;
+    GetMailingListNames(m_server, d.constData(), nullptr, &size);
+    QByteArray buffer(qsizetype(size) + 2, '\0');
+    size = uint32_t(buffer.size());
+    QStringList names;
+    if (!GetMailingListNames(m_server, d.constData(), buffer.data(), &size))
+        return names;
+    for (const QByteArray& name : buffer.split('\0')) {
+        if (name.isEmpty())
+            break;
+        names.append(QString::fromUtf8(name));
+    }
+    return names;
+}
+
 QList<QPair<QString, QString>> ConsoleWindow::services() const
 {
     QList<QPair<QString, QString>> out;
@@ -483,8 +524,19 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
             return reinterpret_cast<EntryOne>(symbol)(owner, m_server, domain.toUtf8().constData());
         return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, domain.toUtf8().constData(), "Blacklist");
     }
+    case EntryArgs::MailList: {
+        const QString domain = interactive ? askDomain(&ok) : defaultDomain();
+        const QStringList lists = ok ? mailingLists(domain) : QStringList();
+        const QString name = !ok || lists.isEmpty() ? QString()
+            : interactive ? QInputDialog::getItem(this, QStringLiteral("Open a mailing list"),
+                                                  QStringLiteral("&Mailing list of %1:").arg(domain), lists, 0, false, &ok)
+                          : lists.first();
+        if (!ok || name.isEmpty())
+            return -100;
+        const QByteArray first = domain.toUtf8(), second = name.toUtf8();
+        return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, first.constData(), second.constData());
+    }
     case EntryArgs::Mailbox:
-    case EntryArgs::MailList:
     case EntryArgs::MailboxList: {
         const QString what = row.args == EntryArgs::MailList ? QStringLiteral("list") : QStringLiteral("mailbox");
         const QString name = interactive
@@ -497,8 +549,14 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
         const QByteArray first = name.toUtf8(), second = defaultDomain().toUtf8();
         return reinterpret_cast<EntryTwo>(symbol)(owner, m_server, first.constData(), second.constData());
     }
-    case EntryArgs::Service:
-        return reinterpret_cast<EntryOne>(symbol)(owner, m_server, "SMTPRA");
+    case EntryArgs::Service: {
+        // A service's properties item names it; otherwise (rendering) the first service.
+        const QList<QPair<QString, QString>> all = services();
+        const QByteArray name = (!service.isEmpty() ? service
+                                 : all.isEmpty()    ? QStringLiteral("SMTPRA")
+                                                    : all.first().first).toUtf8();
+        return reinterpret_cast<EntryOne>(symbol)(owner, m_server, name.constData());
+    }
     case EntryArgs::ServiceControl: {
         const QList<QPair<QString, QString>> all = services();
         QPair<QString, QString> chosen = all.isEmpty() ? qMakePair(service, service) : all.first();
@@ -515,8 +573,17 @@ int ConsoleWindow::openDialog(const DialogRow& row, const QString& screenshot, c
         // 60976: the library's caption "Trusted IP Subnets".
         return reinterpret_cast<EntrySubnetList>(symbol)(owner, m_server, "SMTPRA", "TrustedSubnets", 60976);
     case EntryArgs::LogFlags: {
-        uint32_t flags = 0;
-        return reinterpret_cast<EntryLogFlags>(symbol)(owner, m_server, "Log Flags", &flags, 0xFFFFFFFFu);
+        // The console edits the server's own log flags: read them, let the sheet change them, store them.
+        uint32_t flags = 0, size = sizeof flags;
+        if (!GetMailServerProperty(m_server, "Logging", "LogFlags", &flags, &size, nullptr))
+            flags = 0;
+        const uint32_t before = flags;
+        const int result = reinterpret_cast<EntryLogFlags>(symbol)(owner, m_server, "Log Flags", &flags, 0xFFFFFFFFu);
+        if (result == 1 && flags != before
+            && !SetMailServerProperty(m_server, "Logging", VB_TYPE_DWORD, "LogFlags", &flags, sizeof flags))
+            QMessageBox::warning(this, QStringLiteral("Log flags"),
+                                 QStringLiteral("The log flags could not be stored (error %1).").arg(GetLastError()));
+        return result;
     }
     }
     return -100;

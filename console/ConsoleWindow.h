@@ -59,6 +59,7 @@ private:
     void report(const QString& message);
     QString defaultDomain() const;
     QString askDomain(bool* ok);
+    QStringList mailingLists(const QString& domain) const;
     // The server's mail services: (name, "DisplayName" or the name when it has none), in list order.
     QList<QPair<QString, QString>> services() const;
 

@@ -62,19 +62,119 @@ def folder(x, y, size):
     return CLEAR
 
 
-def watermark(x, y, w, h):
-    """The wizard's welcome-page picture: a deep-blue gradient with rising envelopes' outlines."""
-    base = blend(NAVY, SKY, y / h)
-    for i, (cx, cy, r) in enumerate(((82, 120, 34), (60, 210, 22), (110, 270, 16))):
-        d = math.hypot(x - cx, y - cy)
-        if abs(d - r) < 1.6:
-            return blend(base, PAPER, 0.55)
-    return base
+def supersample(shape, n=4):
+    """Anti-aliases a shape: the average of n x n samples inside each pixel."""
+    def pixel(x, y):
+        acc = [0.0, 0.0, 0.0, 0.0]
+        for i in range(n):
+            for j in range(n):
+                r, g, b, a = shape(x + (i + 0.5) / n, y + (j + 0.5) / n)
+                acc[0] += r * a
+                acc[1] += g * a
+                acc[2] += b * a
+                acc[3] += a
+        if acc[3] == 0:
+            return CLEAR
+        return (int(acc[0] / acc[3]), int(acc[1] / acc[3]), int(acc[2] / acc[3]), int(acc[3] / (n * n)))
+    return pixel
 
 
-def header(x, y, size):
-    s = envelope(x, y, size)
-    return s if s != CLEAR else CLEAR
+def segment_distance(px, py, ax, ay, bx, by):
+    dx, dy = bx - ax, by - ay
+    t = max(0.0, min(1.0, ((px - ax) * dx + (py - ay) * dy) / (dx * dx + dy * dy)))
+    return math.hypot(px - ax - t * dx, py - ay - t * dy)
+
+
+def rounded_box(px, py, left, top, right, bottom, radius):
+    """True inside a rectangle with rounded corners."""
+    cx = min(max(px, left + radius), right - radius)
+    cy = min(max(py, top + radius), bottom - radius)
+    return math.hypot(px - cx, py - cy) <= radius
+
+
+GREEN = (46, 170, 90, 255)
+DEEP = (14, 38, 84, 255)
+TEAL = (38, 132, 206, 255)
+
+
+def letter(px, py, left, top, right, bottom, line):
+    """A modern envelope: white body, rounded corners, a flap drawn as two soft lines."""
+    if not rounded_box(px, py, left, top, right, bottom, (bottom - top) * 0.08):
+        return None
+    mid = (left + right) / 2
+    apex = top + (bottom - top) * 0.58
+    d = min(segment_distance(px, py, left, top, mid, apex), segment_distance(px, py, right, top, mid, apex))
+    if d < line:
+        return (178, 196, 222, 255)
+    return PAPER
+
+
+def shield(px, py, cx, top, width, height, fill, mark):
+    """A shield with a check mark: flat top, sides curving to a point."""
+    v = (py - top) / height
+    if v < 0 or v > 1:
+        return None
+    half = width / 2 if v < 0.45 else width / 2 * math.sqrt(max(0.0, 1 - ((v - 0.45) / 0.55) ** 2))
+    if abs(px - cx) > half:
+        return None
+    edge = half - abs(px - cx) < width * 0.06 or v < 0.04
+    check = min(segment_distance(px, py, cx - width * 0.22, top + height * 0.45, cx - width * 0.05, top + height * 0.62),
+                segment_distance(px, py, cx - width * 0.05, top + height * 0.62, cx + width * 0.25, top + height * 0.28))
+    if check < width * 0.075:
+        return mark
+    return blend(fill, PAPER, 0.25) if edge else fill
+
+
+def watermark_shape(w, h):
+    def shape(x, y):
+        base = blend(DEEP, TEAL, (y / h) ** 1.2)
+        # Soft light from the upper left, and faint arcs like a signal spreading.
+        glow = max(0.0, 1 - math.hypot(x - w * 0.2, y - h * 0.15) / (w * 1.1))
+        base = blend(base, (120, 180, 240, 255), glow * 0.35)
+        for r in (150, 185, 220):
+            if abs(math.hypot(x - w * 1.1, y - h * 1.02) - r) < 0.9:
+                base = blend(base, PAPER, 0.18)
+        body = letter(x, y, w * 0.16, h * 0.30, w * 0.84, h * 0.52, 2.2)
+        if body:
+            base = body
+        mark = shield(x, y, w * 0.72, h * 0.44, w * 0.34, h * 0.19, GREEN, PAPER)
+        if mark:
+            base = mark
+        return base
+    return shape
+
+
+def header_shape(size):
+    def shape(x, y):
+        color = CLEAR
+        body = letter(x, y, size * 0.04, size * 0.22, size * 0.80, size * 0.74, size * 0.045)
+        if body:
+            # A thin dark rim keeps the white letter visible on a white header.
+            inner = rounded_box(x, y, size * 0.04 + 1.2, size * 0.22 + 1.2, size * 0.80 - 1.2, size * 0.74 - 1.2,
+                                size * 0.04)
+            color = body if inner else NAVY
+        mark = shield(x, y, size * 0.74, size * 0.46, size * 0.40, size * 0.50, GREEN, PAPER)
+        if mark:
+            color = mark
+        return color
+    return shape
+
+
+def toolbar_shape(kind):
+    """16-pixel tool-bar pictures: add, delete, move up, move down."""
+    def shape(x, y):
+        if kind == "add":
+            d = min(segment_distance(x, y, 8, 2.5, 8, 13.5), segment_distance(x, y, 2.5, 8, 13.5, 8))
+            return GREEN if d < 1.6 else CLEAR
+        if kind == "delete":
+            d = min(segment_distance(x, y, 3.5, 3.5, 12.5, 12.5), segment_distance(x, y, 12.5, 3.5, 3.5, 12.5))
+            return (204, 52, 45, 255) if d < 1.5 else CLEAR
+        flip = kind == "down"
+        yy = 16 - y if flip else y
+        d = min(segment_distance(x, yy, 8, 2.5, 8, 13.5), segment_distance(x, yy, 3, 7.5, 8, 2.5),
+                segment_distance(x, yy, 13, 7.5, 8, 2.5))
+        return (38, 104, 190, 255) if d < 1.4 else CLEAR
+    return shape
 
 
 def main():
@@ -83,8 +183,10 @@ def main():
         png(os.path.join(ROOT, f"velbrook-{size}.png"), size, size, lambda x, y, s=size: envelope(x, y, s))
     png(os.path.join(ROOT, "folder-16.png"), 16, 16, lambda x, y: folder(x, y, 16))
     png(os.path.join(ROOT, "folder-32.png"), 32, 32, lambda x, y: folder(x, y, 32))
-    png(os.path.join(ROOT, "wizard-watermark.png"), 164, 314, lambda x, y: watermark(x, y, 164, 314))
-    png(os.path.join(ROOT, "wizard-header.png"), 49, 49, lambda x, y: header(x, y, 49))
+    png(os.path.join(ROOT, "wizard-watermark.png"), 164, 314, supersample(watermark_shape(164, 314), 3))
+    png(os.path.join(ROOT, "wizard-header.png"), 49, 49, supersample(header_shape(49)))
+    for kind, name in (("add", "list-add"), ("delete", "list-delete"), ("up", "go-up"), ("down", "go-down")):
+        png(os.path.join(ROOT, f"{name}-16.png"), 16, 16, supersample(toolbar_shape(kind)))
 
 
 if __name__ == "__main__":

@@ -7,7 +7,7 @@ if [ "$(id -u)" -ne 0 ]; then SUDO="sudo"; fi
 packages=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools libgl-dev
-  libsqlite3-dev sqlite3 libpq-dev libsodium-dev
+  libsqlite3-dev sqlite3 libpq-dev libsodium-dev libssl-dev openssl
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core
 )

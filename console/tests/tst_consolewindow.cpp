@@ -183,6 +183,22 @@ private slots:
         QCOMPARE(item->text(1), QStringLiteral("Stopped"));
     }
 
+    // Each service has its properties under it, opened for that service; they show no state.
+    void eachServiceHasItsProperties()
+    {
+        openWithServices("props.db", {{"SMTPRA", VB_SERVICE_RUNNING}, {"POP3S", VB_SERVICE_STOPPED}});
+        QTreeWidgetItem* pop = findItem(QStringLiteral("POP3S Display service"));
+        QVERIFY(pop);
+        QCOMPARE(pop->childCount(), 1);
+        QTreeWidgetItem* properties = pop->child(0);
+        QCOMPARE(properties->text(0), QStringLiteral("Properties..."));
+        QCOMPARE(properties->toolTip(0), QStringLiteral("EditService (POP3S)"));
+        QCOMPARE(properties->text(1), QString());
+        emit list()->itemActivated(properties, 0);
+        QCOMPARE(label("lblStatus"), QStringLiteral("POP3S Display service properties: cancelled"));
+        QCOMPARE(properties->text(1), QString());
+    }
+
     // A group heading opens nothing; Enter folds it.
     void groupHeadingFolds()
     {

@@ -133,6 +133,16 @@ public:
     // The first domain (by name) whose property holds this text, compared without regard to case.
     virtual uint32_t findDomainByProperty(std::string_view property, std::string_view text, ObjectRef& domain) = 0;
     virtual uint32_t firstObject(Kind kind, int64_t parent, ObjectRef& object) = 0;
+    // The members of a list in the order they were added, each with the text of one of its properties
+    // (empty when it has none), in one read.
+    virtual uint32_t memberRoster(int64_t list, std::string_view property,
+                                  std::vector<std::pair<std::string, std::string>>& rows) = 0;
+    // Adds members, each with a text property when its value is not empty, all or none. keepGoing (may
+    // be empty) is called now and then with the number added; false interrupts with VB_ERROR_CANCELLED.
+    // On failure failedIndex is the member at fault (rows.size() when none is).
+    virtual uint32_t addMembers(int64_t list, std::string_view property,
+                                const std::vector<std::pair<std::string, std::string>>& rows,
+                                const std::function<bool(size_t)>& keepGoing, size_t& failedIndex) = 0;
 
     virtual uint32_t getPassword(const ObjectRef& mailbox, std::string& sealed) = 0;
     virtual uint32_t setPassword(const ObjectRef& mailbox, std::string_view sealed) = 0;
@@ -149,6 +159,14 @@ public:
     virtual uint32_t createAlias(const ObjectRef& mailbox, std::string_view alias) = 0;
     virtual uint32_t destroyAlias(const ObjectRef& mailbox, std::string_view alias) = 0;
     virtual uint32_t aliasOwner(int64_t domain, std::string_view alias, ObjectRef& mailbox) = 0;
+
+    // Removes members by name, all or none; failedIndex as for addMembers (VB_ERROR_FILE_NOT_FOUND for a
+    // name that is not a member).
+    virtual uint32_t removeMembers(int64_t list, const std::vector<std::string>& names, size_t& failedIndex) = 0;
+    // Bulk loading of numbered members ("<prefix><n>@<domain>", property "<label> <n>") for
+    // benchmarks and the demo configuration, computed inside the database.
+    virtual uint32_t addNumberedMembers(int64_t list, std::string_view property, std::string_view prefix,
+                                        std::string_view domain, std::string_view label, uint32_t count) = 0;
 
     // ---- services
     virtual uint32_t services(std::vector<ServiceRecord>& services) = 0;

@@ -3,7 +3,10 @@
 
 #include <cstring>
 #include <ctime>
+#include <string>
+#include <vector>
 
+#include "Connector.h"
 #include "Handle_p.h"
 #include "velbrook/DomainStore.h"
 #include "velbrook/ListStore.h"
@@ -43,6 +46,11 @@ const Text kTexts[] = {
     {nullptr, "DefaultDomain", "brennoway.example"},
     {"Logging", "LogFilePrefix", "vb"},
     {"CalendarMgr", "CalendarDir", "/var/lib/velbrook/calendars"},
+    {"SMTPRA", "ListenAddresses", "*:25, *:587"},
+    {"POP3", "ListenAddresses", "*:110, *:995"},
+    {"IMAP4", "ListenAddresses", "*:143, *:993"},
+    {"WebMail", "ListenAddresses", "127.0.0.1:8080"},
+    {"SMTPRA", "AuthMethods", "SCRAM-SHA-256, CRAM-MD5, PLAIN, LOGIN"},
 };
 
 const Number kNumbers[] = {
@@ -80,6 +88,12 @@ const Number kNumbers[] = {
     {"Statistics", "MailboxAutoReset", 604800},
     {"Logging", "LogLevel", 2},
     {"Logging", "LogFlags", 0x1F},
+    {"SMTPRA", "SubmissionAuthRequired", 1},
+    {"Security", "LockoutEnabled", 1},
+    {"Security", "LockoutThreshold", 5},
+    {"DHAP", "Enabled", 1},
+    {"TLS", "MinProtocol", 12},
+    {"DbLog", "RetentionDays", 30},
 };
 
 struct Service {
@@ -117,6 +131,29 @@ bool seedServer(_tMailServer* s)
         if (!setNumber(s, n.section, n.name, value))
             return false;
     }
+    // Two addresses on harvest probation for the next half hour and hour (once: a second seed finds the
+    // list), and one blocked network.
+    const uint32_t now = uint32_t(std::time(nullptr));
+    uint32_t probationSize = 0;
+    const bool probationExists = GetMailServerProperty(s, "DHAP", "Probation", nullptr, &probationSize, nullptr) != 0
+                                 || GetLastError() == VB_ERROR_MORE_DATA;
+    for (uint32_t minutes : {30u, 60u}) {
+        if (probationExists)
+            break;
+        const std::string element = (minutes == 30 ? std::string("203.0.113.45,") : std::string("198.51.100.77,"))
+                                    + std::to_string(now + minutes * 60);
+        if (!AddToMailServerListProperty(s, "DHAP", "Probation", element.c_str())
+            && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+            return false;
+    }
+    static const char kNetworks[] = "192.0.2.0/24,\"bulk sender\"\0";
+    if (!SetMailServerProperty(s, "SMTPRA", VB_TYPE_MULTI_STRING, "RejectAllMailFromSubnets", kNetworks, sizeof kNetworks))
+        return false;
+    // The demonstration server's host has two networks, so the anti-relay wizard asks about two subnets.
+    static const char kHostAddresses[] = "192.168.10.5\0" "10.20.30.40\0";
+    if (!SetMailServerProperty(s, "Machine", VB_TYPE_MULTI_STRING, "HostAddresses", kHostAddresses,
+                               sizeof kHostAddresses))
+        return false;
     for (const Service& svc : kServices) {
         if (!VbRegisterMailService(s, svc.name, svc.displayName, "builtin", nullptr, svc.state))
             return false;
@@ -311,12 +348,75 @@ bool seedDomain(_tMailServer* s, const DemoDomain& dd)
     return ok;
 }
 
+
+// Mailing lists of the first domain beyond its staff list: a discussion list with its digest, an
+// announcement list without a roster, and a large newsletter list.
+struct DemoList {
+    const char* name;
+    uint32_t listKind;
+    uint32_t members;
+};
+
+const DemoList kLists[] = {
+    {"news", 1, 3},
+    {"news-digest", 1, 2},
+    {"announce", 2, 0},
+    {"newsletter", 1, 100000},
+};
+
+bool setListNumber(_tMailingList* l, const char* name, uint32_t value)
+{
+    return SetMailingListProperty(l, VB_TYPE_DWORD, name, &value, 4) != 0;
+}
+
+bool setListText(_tMailingList* l, const char* name, const char* value)
+{
+    return SetMailingListProperty(l, VB_TYPE_STRING, name, value, uint32_t(std::strlen(value) + 1)) != 0;
+}
+
+bool seedList(_tMailServer* s, const char* domain, const DemoList& dl)
+{
+    if (!CreateMailingList(s, dl.name, domain) && GetLastError() != VB_ERROR_ALREADY_EXISTS)
+        return false;
+    _tMailingList* l = OpenMailingList(s, dl.name, domain);
+    if (!l)
+        return false;
+    const std::string moderator = std::string("alice@") + domain;
+    bool ok = setListNumber(l, "ListKind", dl.listKind) && setListNumber(l, "WhoCanSend", dl.listKind == 2 ? 3 : 1)
+              && setListNumber(l, "ReplyToList", 1) && setListNumber(l, "MaxMessageSize", 2097152)
+              && setListNumber(l, "UserJoinAllowed", 1) && setListNumber(l, "UserLeaveAllowed", 1)
+              && setListNumber(l, "BounceAction", 1) && setListText(l, "Moderator", moderator.c_str())
+              && setListText(l, "SubjectPrefix", (std::string("[") + dl.name + "]").c_str());
+    // A list without a roster reaches the domain's mailboxes through its membership rules.
+    if (ok && dl.listKind == 2) {
+        _tMembershipConfig* rules = LoadMailingListMembershipConfiguration(l);
+        ok = rules && EditMailingListMembershipConfiguration(rules, "Domains", domain)
+             && EditMailingListMembershipConfiguration(rules, "ExcludeMailboxes", "postmaster")
+             && SaveMailingListMembershipConfiguration(l, rules);
+        FreeMailingListMembershipConfiguration(rules);
+    }
+    vb::Snapshot list;
+    uint64_t present = 0;
+    if (ok && dl.members)
+        ok = s->connector->loadSnapshot(vb::Kind::MailingList, domain, dl.name, list) == 0
+             && s->connector->countObjects(vb::Kind::Member, list.object.id, present) == 0;
+    // A second seed keeps the members that are there.
+    if (ok && dl.members && present == 0)
+        ok = s->connector->addNumberedMembers(list.object.id, "FullName", "reader", "subscribers.example",
+                                              "Reader", dl.members) == 0;
+    CloseMailingList(l);
+    return ok;
+}
+
 } // namespace
 
 bool vbSeedDemoObjects(_tMailServer* server)
 {
     for (const DemoDomain& d : kDomains)
         if (!seedDomain(server, d))
+            return false;
+    for (const DemoList& l : kLists)
+        if (!seedList(server, kDomains[0].name, l))
             return false;
     return seedRoutes(server) && seedAliasMapping(server);
 }

@@ -78,6 +78,24 @@ public:
         return m_inner->objectNames(k, p, n);
     }
     uint32_t countObjects(Kind k, int64_t p, uint64_t& c) override { return m_inner->countObjects(k, p, c); }
+    uint32_t memberRoster(int64_t l, std::string_view p, std::vector<std::pair<std::string, std::string>>& r) override
+    {
+        return m_inner->memberRoster(l, p, r);
+    }
+    uint32_t removeMembers(int64_t l, const std::vector<std::string>& n, size_t& f) override
+    {
+        return m_inner->removeMembers(l, n, f);
+    }
+    uint32_t addNumberedMembers(int64_t l, std::string_view p, std::string_view x, std::string_view d,
+                                std::string_view n, uint32_t c) override
+    {
+        return m_inner->addNumberedMembers(l, p, x, d, n, c);
+    }
+    uint32_t addMembers(int64_t l, std::string_view p, const std::vector<std::pair<std::string, std::string>>& r,
+                        const std::function<bool(size_t)>& k, size_t& f) override
+    {
+        return m_inner->addMembers(l, p, r, k, f);
+    }
     uint32_t countMailboxesWith(int64_t d, std::string_view p, uint64_t& c) override
     {
         return m_inner->countMailboxesWith(d, p, c);

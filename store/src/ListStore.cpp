@@ -1,6 +1,7 @@
 // Mailing lists: properties, members and their properties, membership configuration.
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <map>
 
 #include "Objects_p.h"
@@ -250,6 +251,100 @@ int GetMailingListCount(_tMailServer* server, uint32_t* count)
     return 1;
 }
 
+int GetMailingListNames(_tMailServer* server, const char* domain, char* buffer, uint32_t* size)
+{
+    if (!server || !size || (domain && *domain && !validObjectName(domain)))
+        return failWith(VB_ERROR_INVALID_PARAMETER);
+    if (uint32_t e = intercept(server, "GetMailingListNames", nullptr, domain))
+        return failWith(e);
+    ObjectRef d;
+    std::vector<std::string> names;
+    uint32_t e = resolveDomain(server, domain ? domain : "", d);
+    if (!e)
+        e = server->connector->objectNames(Kind::MailingList, d.id, names);
+    if (e)
+        return failWith(e);
+    return copyMultiOut(names, buffer, size);
+}
+
+int ReadMailingListMembers(_tMailingList* list, const char* property, VbMemberRow row, void* context)
+{
+    if (!list || !validObjectName(property) || !row)
+        return failWith(VB_ERROR_INVALID_PARAMETER);
+    if (uint32_t e = intercept(list->server, "ReadMailingListMembers", nullptr, property))
+        return failWith(e);
+    std::vector<std::pair<std::string, std::string>> rows;
+    if (uint32_t e = list->server->connector->memberRoster(list->ref().id, property, rows))
+        return failWith(e);
+    for (const auto& [address, value] : rows)
+        if (!row(context, address.c_str(), value.c_str()))
+            return failWith(VB_ERROR_CANCELLED);
+    SetLastError(0);
+    return 1;
+}
+
+int RemoveMailingListMembers(_tMailingList* list, const char* const* addresses, uint32_t count, uint32_t* failed)
+{
+    if (failed)
+        *failed = count;
+    if (!list || (count && !addresses))
+        return failWith(VB_ERROR_INVALID_PARAMETER);
+    if (uint32_t e = intercept(list->server, "RemoveMailingListMembers", nullptr, nullptr))
+        return failWith(e);
+    std::vector<std::string> names;
+    names.reserve(count);
+    for (uint32_t i = 0; i < count; ++i) {
+        if (!validObjectName(addresses[i])) {
+            if (failed)
+                *failed = i;
+            return failWith(VB_ERROR_INVALID_PARAMETER);
+        }
+        names.emplace_back(addresses[i]);
+    }
+    size_t at = names.size();
+    if (uint32_t e = list->server->connector->removeMembers(list->ref().id, names, at)) {
+        if (failed)
+            *failed = uint32_t(at);
+        return failWith(e);
+    }
+    SetLastError(0);
+    return 1;
+}
+
+int AddMailingListMembers(_tMailingList* list, const char* property, const char* const* addresses,
+                          const char* const* values, uint32_t count, VbMemberProgress progress, void* context,
+                          uint32_t* failed)
+{
+    if (failed)
+        *failed = count;
+    if (!list || !validObjectName(property) || (count && !addresses))
+        return failWith(VB_ERROR_INVALID_PARAMETER);
+    if (uint32_t e = intercept(list->server, "AddMailingListMembers", nullptr, property))
+        return failWith(e);
+    std::vector<std::pair<std::string, std::string>> rows;
+    rows.reserve(count);
+    for (uint32_t i = 0; i < count; ++i) {
+        const char* value = values && values[i] ? values[i] : "";
+        if (!addresses[i] || !validObjectName(addresses[i]) || std::strlen(value) > 255) {
+            if (failed)
+                *failed = i;
+            return failWith(VB_ERROR_MAILLIST_BAD_NAME);
+        }
+        rows.emplace_back(addresses[i], value);
+    }
+    std::function<bool(size_t)> keepGoing;
+    if (progress)
+        keepGoing = [&](size_t done) { return progress(context, uint32_t(done), count) != 0; };
+    size_t at = rows.size();
+    if (uint32_t e = list->server->connector->addMembers(list->ref().id, property, rows, keepGoing, at)) {
+        if (failed)
+            *failed = uint32_t(at);
+        return failWith(e);
+    }
+    SetLastError(0);
+    return 1;
+}
+
 int GetMailingListPluginInfo(_tMailingList* list, _tMailingListPluginInfo* info)
 {
     if (!list || !info || info->cbSize < sizeof(_tMailingListPluginInfo))
@@ -263,6 +358,8 @@ int GetMailingListPluginInfo(_tMailingList* list, _tMailingListPluginInfo* info)
     const bool noRoster = it != list->snapshot.values.end() && it->second.type == VB_TYPE_DWORD
                           && it->second.number == 2;
     info->kind = noRoster ? 2 : 1;
+    // A list without a roster is addressed by its membership rules, which are its plug-in's configuration.
+    info->configTemplate = noRoster ? VB_LIST_MEMBERSHIP_TEMPLATE : 0;
     std::strncpy(info->title, noRoster ? "Announcements" : "Mailing List", sizeof info->title - 1);
     return 1;
 }
@@ -305,6 +402,20 @@ int EditMailingListMembershipConfiguration(_tMembershipConfig* config, const cha
     entry.present = value != nullptr; // a null value removes the rule
     entry.value = value ? value : "";
     return 1;
+}
+
+int GetMailingListMembershipRules(const _tMembershipConfig* config, char* buffer, uint32_t* size)
+{
+    if (!config || !size)
+        return failWith(VB_ERROR_INVALID_PARAMETER);
+    std::vector<std::string> items;
+    for (const auto& [key, entry] : config->current) {
+        if (!entry.present || entry.value.empty())
+            continue;
+        items.push_back(entry.name);
+        items.push_back(entry.value);
+    }
+    return copyMultiOut(items, buffer, size);
 }
 
 int ChangedMailingListMembershipConfiguration(const _tMembershipConfig* config)

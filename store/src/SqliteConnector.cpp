@@ -888,6 +888,85 @@ uint32_t SqliteConnector::objectNames(Kind kind, int64_t parent, std::vector<std
     return readTexts(s, names);
 }
 
+uint32_t SqliteConnector::memberRoster(int64_t list, std::string_view property,
+                                       std::vector<std::pair<std::string, std::string>>& rows)
+{
+    std::lock_guard lock(m_mutex);
+    Stmt s = prepare("SELECT o.name, CASE WHEN p.type = 1 THEN p.value ELSE '' END FROM object o "
+                     "LEFT JOIN property p ON p.owner = o.id AND p.section_key = '' AND p.name_key = ?2 "
+                     "WHERE o.kind = 4 AND o.parent = ?1 ORDER BY o.id");
+    if (!s)
+        return VB_ERROR_STORE_FAILURE;
+    s.bind(1, list).bind(2, fold(property));
+    int rc;
+    while ((rc = s.step()) == SQLITE_ROW)
+        rows.emplace_back(s.text(0), s.type(1) == SQLITE_NULL ? std::string() : s.text(1));
+    return rc == SQLITE_DONE ? 0 : fail(rc);
+}
+
+uint32_t SqliteConnector::removeMembers(int64_t list, const std::vector<std::string>& names, size_t& failedIndex)
+{
+    failedIndex = names.size();
+    return transaction([&]() -> uint32_t {
+        for (size_t i = 0; i < names.size(); ++i) {
+            failedIndex = i;
+            Stmt s = prepare("DELETE FROM object WHERE kind = 4 AND parent = ? AND name_key = ?");
+            s.bind(1, list).bind(2, fold(names[i]));
+            if (uint32_t e = stepChanged(s, VB_ERROR_FILE_NOT_FOUND))
+                return e;
+        }
+        failedIndex = names.size();
+        return 0;
+    });
+}
+
+uint32_t SqliteConnector::addNumberedMembers(int64_t list, std::string_view property, std::string_view prefix,
+                                             std::string_view domain, std::string_view label, uint32_t count)
+{
+    return transaction([&]() -> uint32_t {
+        Stmt o = prepare("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?2) "
+                         "INSERT INTO object(kind, parent, name_key, name) "
+                         "SELECT 4, ?1, lower(?3 || i || '@' || ?4), ?3 || i || '@' || ?4 FROM n");
+        o.bind(1, list).bind(2, int64_t(count)).bind(3, prefix).bind(4, domain);
+        if (uint32_t e = stepDone(o))
+            return e;
+        Stmt p = prepare("INSERT INTO property(owner, section_key, name_key, section, name, type, value) "
+                         "SELECT id, '', ?2, '', ?3, 1, ?4 || ' ' || (row_number() OVER (ORDER BY id)) "
+                         "FROM object WHERE kind = 4 AND parent = ?1 AND id > ?5");
+        p.bind(1, list).bind(2, fold(property)).bind(3, property).bind(4, label)
+            .bind(5, sqlite3_last_insert_rowid(m_db) - int64_t(count));
+        return stepDone(p);
+    });
+}
+
+uint32_t SqliteConnector::addMembers(int64_t list, std::string_view property,
+                                     const std::vector<std::pair<std::string, std::string>>& rows,
+                                     const std::function<bool(size_t)>& keepGoing, size_t& failedIndex)
+{
+    failedIndex = rows.size();
+    const std::string nk = fold(property);
+    return transaction([&]() -> uint32_t {
+        for (size_t i = 0; i < rows.size(); ++i) {
+            if (keepGoing && i % 1000 == 0 && !keepGoing(i))
+                return VB_ERROR_CANCELLED;
+            failedIndex = i;
+            Stmt o = prepare("INSERT INTO object(kind, parent, name_key, name) VALUES (4, ?, ?, ?)");
+            o.bind(1, list).bind(2, fold(rows[i].first)).bind(3, rows[i].first);
+            if (uint32_t e = stepDone(o))
+                return e;
+            if (rows[i].second.empty())
+                continue;
+            Stmt p = prepare("INSERT INTO property(owner, section_key, name_key, section, name, type, value) "
+                             "VALUES (?, '', ?, '', ?, 1, ?)");
+            p.bind(1, sqlite3_last_insert_rowid(m_db)).bind(2, nk).bind(3, property).bind(4, rows[i].second);
+            if (uint32_t e = stepDone(p))
+                return e;
+        }
+        failedIndex = rows.size();
+        return 0;
+    });
+}
+
 uint32_t SqliteConnector::countObjects(Kind kind, int64_t parent, uint64_t& count)
 {
     std::lock_guard lock(m_mutex);

@@ -74,6 +74,14 @@ public:
     uint32_t countMailboxesWith(int64_t domain, std::string_view property, uint64_t& count) override;
     uint32_t findDomainByProperty(std::string_view property, std::string_view text, ObjectRef& domain) override;
     uint32_t firstObject(Kind kind, int64_t parent, ObjectRef& object) override;
+    uint32_t memberRoster(int64_t list, std::string_view property,
+                          std::vector<std::pair<std::string, std::string>>& rows) override;
+    uint32_t removeMembers(int64_t list, const std::vector<std::string>& names, size_t& failedIndex) override;
+    uint32_t addNumberedMembers(int64_t list, std::string_view property, std::string_view prefix,
+                                std::string_view domain, std::string_view label, uint32_t count) override;
+    uint32_t addMembers(int64_t list, std::string_view property,
+                        const std::vector<std::pair<std::string, std::string>>& rows,
+                        const std::function<bool(size_t)>& keepGoing, size_t& failedIndex) override;
 
     uint32_t getPassword(const ObjectRef& mailbox, std::string& sealed) override;
     uint32_t setPassword(const ObjectRef& mailbox, std::string_view sealed) override;

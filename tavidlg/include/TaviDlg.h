@@ -55,9 +55,42 @@ TAVIDLG_API int EditServerSubnetList(TaviOwner owner, _tMailServer* server, cons
  * shown as it stands. */
 TAVIDLG_API int ServiceControlDialog(TaviOwner owner, _tMailServer* server, const char* service,
                                      const char* caption);
+/* The properties of one service (listening addresses and ports, start mode, worker limit, connection
+ * timeout, its log file) in the service's own section; the caption is "<service> service on <server>". */
+TAVIDLG_API int EditService(TaviOwner owner, _tMailServer* server, const char* service);
 
 /* Logging. */
 TAVIDLG_API int EditFileLogConfig(TaviOwner owner, _tMailServer* server);
+/* Whether and where events are also logged to a database, how long they are kept and which kinds. */
+TAVIDLG_API int EditDbLogConfig(TaviOwner owner, _tMailServer* server);
+
+/* Log flags: one bit per kind of event a service writes to its log. */
+#define TAVI_LOG_SMTP_SESSIONS     0x00000001u /* SMTP receiver: connections opened and closed */
+#define TAVI_LOG_SMTP_COMMANDS     0x00000002u /* SMTP receiver: every command and reply */
+#define TAVI_LOG_SMTP_REJECTIONS   0x00000004u /* SMTP receiver: refused connections, senders and recipients */
+#define TAVI_LOG_SMTP_AUTH         0x00000008u /* SMTP receiver: authentication attempts */
+#define TAVI_LOG_SMTP_TLS          0x00000010u /* SMTP receiver: TLS negotiation */
+#define TAVI_LOG_DELIVERY_QUEUE    0x00000100u /* delivery: messages queued, retried and expired */
+#define TAVI_LOG_DELIVERY_REMOTE   0x00000200u /* delivery: SMTP transcripts with remote servers */
+#define TAVI_LOG_DELIVERY_DNS      0x00000400u /* delivery: MX and address lookups */
+#define TAVI_LOG_DELIVERY_LOCAL    0x00000800u /* delivery: delivery into local mailboxes */
+#define TAVI_LOG_DELIVERY_DSN      0x00001000u /* delivery: delivery status notifications sent */
+#define TAVI_LOG_ACCESS_POP3       0x00010000u /* mail access: POP3 sessions */
+#define TAVI_LOG_ACCESS_IMAP4      0x00020000u /* mail access: IMAP4 sessions */
+#define TAVI_LOG_ACCESS_AUTH       0x00040000u /* mail access: logins and failed logins */
+#define TAVI_LOG_ACCESS_WEBMAIL    0x00080000u /* mail access: web mail sessions */
+#define TAVI_LOG_SYSTEM_LISTS      0x01000000u /* system: mailing-list processing */
+#define TAVI_LOG_SYSTEM_AGENTS     0x02000000u /* system: agents run and their results */
+#define TAVI_LOG_SYSTEM_SECURITY   0x04000000u /* system: lockouts, bans and harvest probation */
+#define TAVI_LOG_SYSTEM_CONFIG     0x08000000u /* system: configuration changes picked up */
+#define TAVI_LOG_SYSTEM_DEBUG      0x80000000u /* system: debugging detail (large logs) */
+
+/* The log flags sheet, one page per area with a check box per flag. flags: in, the flags logged now;
+ * out, on OK, the flags as edited. allowed: the flags the caller lets the administrator change; the
+ * others are shown disabled and keep their value, as do bits this library does not name. Cancel leaves
+ * *flags untouched. Returns 1 (OK), 2 (Cancel) or -1 (flags is null or the sheet could not be built). */
+TAVIDLG_API int EditLogFlags(TaviOwner owner, _tMailServer* server, const char* caption, uint32_t* flags,
+                             uint32_t allowed);
 
 /* Delivery schedules and routing. */
 /* The delivery retry schedule ("RetrySchedule"); an unchanged OK returns 2. */
@@ -71,8 +104,13 @@ TAVIDLG_API int ScheduleManagementDialog(TaviOwner owner, _tMailServer* server);
 TAVIDLG_API int EditRoutes(TaviOwner owner, _tMailServer* server);
 
 /* Security: the security sheet, the server's address lists and the wireless carriers. */
+/* The security sheet: authentication and lockout, anti-spam, directory harvest attack protection, TLS. */
+TAVIDLG_API int EditSecurity(TaviOwner owner, _tMailServer* server);
 
 /* Protection wizards. */
+TAVIDLG_API int AntiSpamWizard(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int AntiRelayWizard(TaviOwner owner, _tMailServer* server);
+TAVIDLG_API int AntiDoSWizard(TaviOwner owner, _tMailServer* server);
 
 /* Domains. */
 /* The domain sheet on one domain; domain null or "" edits the server's default domain. A domain that
@@ -82,6 +120,8 @@ TAVIDLG_API int EditDomain(TaviOwner owner, _tMailServer* server, const char* do
 /* Mailboxes. */
 
 /* Mailing lists. */
+/* The mailing-list sheet of one list; a null or empty domain means the server's default domain. */
+TAVIDLG_API int EditMailList(TaviOwner owner, _tMailServer* server, const char* domain, const char* list);
 
 /* The configuration connector. */
 

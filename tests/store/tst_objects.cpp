@@ -447,7 +447,14 @@ TEST_F(Objects, DemoConfigurationBuildsDomainsMailboxesAndLists)
     ASSERT_TRUE(GetMailboxCount(server, &count));
     EXPECT_GE(count, 8u);
     ASSERT_TRUE(GetMailingListCount(server, &count));
-    EXPECT_EQ(count, 3u);
+    EXPECT_EQ(count, 7u) << "a list per domain, news and news-digest, announce, newsletter";
+    _tMailingList* big = OpenMailingList(server, "newsletter", "brennoway.example");
+    ASSERT_NE(big, nullptr);
+    uint32_t members = 0;
+    auto row = [](void* c, const char*, const char* v) -> int { return *v ? int(++*static_cast<uint32_t*>(c)) : 0; };
+    ASSERT_TRUE(ReadMailingListMembers(big, "FullName", row, &members)) << "every member has a name";
+    EXPECT_EQ(members, 100000u);
+    CloseMailingList(big);
     _tManualRoute* routes = nullptr;
     ASSERT_TRUE(LoadManualRoutes(server, &routes));
     EXPECT_NE(routes, nullptr);
@@ -458,4 +465,70 @@ TEST_F(Objects, DemoConfigurationBuildsDomainsMailboxesAndLists)
     ASSERT_TRUE(VbSeedDemoConfiguration(server)) << "a second seed keeps what exists: " << GetLastError();
     ASSERT_TRUE(GetMailboxCount(server, &count));
     EXPECT_GE(count, 8u);
+    ASSERT_TRUE(GetMailingListCount(server, &count));
+    EXPECT_EQ(count, 7u);
+}
+
+// The roster read and the bulk add: all or nothing, the member at fault named, cancellable.
+TEST_F(Objects, MailingListRosterAndBulkAdd)
+{
+    ASSERT_TRUE(CreateMailingList(server, "news", "a.example"));
+    ASSERT_TRUE(CreateMailingList(server, "alpha", "a.example"));
+    char names[64];
+    uint32_t size = sizeof names;
+    ASSERT_TRUE(GetMailingListNames(server, "a.example", names, &size));
+    EXPECT_EQ(std::string(names, size), std::string("alpha\0news\0\0", 12));
+    _tMailingList* l = OpenMailingList(server, "news", "a.example");
+    ASSERT_NE(l, nullptr);
+    ASSERT_TRUE(AddMailingListMember(l, "old@x.example"));
+
+    const char* addresses[] = {"a@x.example", "b@x.example", "OLD@x.example"};
+    const char* values[] = {"Ann", nullptr, "Old"};
+    uint32_t failed = 99;
+    EXPECT_FALSE(AddMailingListMembers(l, "FullName", addresses, values, 3, nullptr, nullptr, &failed));
+    EXPECT_EQ(GetLastError(), VB_ERROR_ALREADY_EXISTS);
+    EXPECT_EQ(failed, 2u) << "the member already on the list";
+    auto cancelAtOnce = [](void*, uint32_t, uint32_t) -> int { return 0; };
+    EXPECT_FALSE(AddMailingListMembers(l, "FullName", addresses, values, 2, cancelAtOnce, nullptr, &failed));
+    EXPECT_EQ(GetLastError(), VB_ERROR_CANCELLED);
+    ASSERT_TRUE(AddMailingListMembers(l, "FullName", addresses, values, 2, nullptr, nullptr, &failed));
+
+    std::vector<std::string> rows;
+    auto row = [](void* c, const char* a, const char* v) -> int {
+        static_cast<std::vector<std::string>*>(c)->push_back(std::string(a) + "=" + v);
+        return 1;
+    };
+    ASSERT_TRUE(ReadMailingListMembers(l, "fullname", row, &rows));
+    EXPECT_EQ(rows, (std::vector<std::string>{"old@x.example=", "a@x.example=Ann", "b@x.example="}))
+        << "nothing of the failed or cancelled adds, in the order added";
+    const char* gone[] = {"A@x.example", "nobody@x.example"};
+    EXPECT_FALSE(RemoveMailingListMembers(l, gone, 2, &failed));
+    EXPECT_EQ(GetLastError(), VB_ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(failed, 1u);
+    ASSERT_TRUE(RemoveMailingListMembers(l, gone, 1, &failed));
+    rows.clear();
+    ASSERT_TRUE(ReadMailingListMembers(l, "fullname", row, &rows));
+    EXPECT_EQ(rows, (std::vector<std::string>{"old@x.example=", "b@x.example="})) << "a failed removal removes nothing";
+    auto stop = [](void*, const char*, const char*) -> int { return 0; };
+    EXPECT_FALSE(ReadMailingListMembers(l, "FullName", stop, nullptr));
+    EXPECT_EQ(GetLastError(), VB_ERROR_CANCELLED);
+
+    // A list without a roster names its membership rules as its configuration.
+    const uint32_t two = 2;
+    ASSERT_TRUE(SetMailingListProperty(l, VB_TYPE_DWORD, "ListKind", &two, 4));
+    CloseMailingList(l);
+    l = OpenMailingList(server, "news", "a.example");
+    _tMailingListPluginInfo info{};
+    info.cbSize = sizeof info;
+    ASSERT_TRUE(GetMailingListPluginInfo(l, &info));
+    EXPECT_EQ(info.kind, 2u);
+    EXPECT_EQ(info.configTemplate, VB_LIST_MEMBERSHIP_TEMPLATE);
+    _tMembershipConfig* c = LoadMailingListMembershipConfiguration(l);
+    ASSERT_TRUE(EditMailingListMembershipConfiguration(c, "Domains", "a.example"));
+    ASSERT_TRUE(EditMailingListMembershipConfiguration(c, "Empty", ""));
+    size = sizeof names;
+    ASSERT_TRUE(GetMailingListMembershipRules(c, names, &size));
+    EXPECT_EQ(std::string(names, size), std::string("Domains\0a.example\0\0", 19)) << "an empty rule is left out";
+    FreeMailingListMembershipConfiguration(c);
+    CloseMailingList(l);
 }

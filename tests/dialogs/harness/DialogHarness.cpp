@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLibrary>
 #include <QLineEdit>
@@ -206,21 +207,44 @@ int CTestStore::openHandles()
     return g_openHandles;
 }
 
+#ifdef TAVI_HAVE_DEMO_CONFIGURATION
+namespace {
+
+// A store seeded with the demo configuration, made on first use and kept for the program's lifetime.
+QString seededTemplate()
+{
+    static QTemporaryDir dir;
+    static const QString path = [] {
+        const QString file = dir.filePath(QStringLiteral("seeded.db"));
+        _tMailServer* server = OpenMailServer(file.toUtf8().constData());
+        const bool seeded = server && VbSeedDemoConfiguration(server);
+        if (server)
+            CloseMailServer(server);
+        return seeded ? file : QString();
+    }();
+    return path;
+}
+
+} // namespace
+#endif
+
 CTestStore::CTestStore(bool seed)
 {
     m_path = m_dir.filePath(QStringLiteral("config.db"));
+#ifdef TAVI_HAVE_DEMO_CONFIGURATION
+    // The demo configuration holds a list of 100 000 members: it is seeded once per test program and
+    // each test starts from a copy of it.
+    if (seed && !QFile::copy(seededTemplate(), m_path))
+        QTest::qFail("could not copy the seeded store", __FILE__, __LINE__);
+#else
+    Q_UNUSED(seed);
+#endif
     m_server = OpenMailServer(m_path.toUtf8().constData());
     if (!m_server) {
         QTest::qFail("could not open a temporary store", __FILE__, __LINE__);
         return;
     }
     ++g_openHandles;
-#ifdef TAVI_HAVE_DEMO_CONFIGURATION
-    if (seed && !VbSeedDemoConfiguration(m_server))
-        QTest::qFail("could not seed the temporary store", __FILE__, __LINE__);
-#else
-    Q_UNUSED(seed);
-#endif
     // Installs the store's counting layer now, so that VbCallCount sees every call from here on.
     VbClearFaults(m_server);
 }

@@ -1,0 +1,15 @@
+// String ids of the database log dialog (our own, from the logging range).
+#pragma once
+
+enum : unsigned {
+    IDS_DBLOG_BAD_URI = 60300,
+    IDS_DBLOG_CONNECT_FAILED = 60301,
+    IDS_DBLOG_CONNECTED = 60302,
+    IDS_DBLOG_FILE_NOT_ABSOLUTE = 60303,
+    IDS_DBLOG_FILE_NO_FOLDER = 60304,
+    IDS_DBLOG_FILE_IS_FOLDER = 60305,
+    IDS_DBLOG_NO_EVENTS = 60306,
+    IDS_DBLOG_FILE_FILTER = 60307,
+    IDS_DBLOG_ALL_FILTER = 60308,
+    IDS_DBLOG_CHOOSE_FILE = 60309,
+};
