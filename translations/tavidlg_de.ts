@@ -2160,6 +2160,154 @@ automatisch durchgesetzt</translation>
     </message>
 </context>
 <context>
+    <name>CSieveFilterDlg</name>
+    <message>
+        <source>Sieve Filter</source>
+        <translation>Sieve-Filter</translation>
+    </message>
+    <message>
+        <source>&amp;Rules</source>
+        <translation>&amp;Regeln</translation>
+    </message>
+    <message>
+        <source>S&amp;cript</source>
+        <translation>S&amp;kript</translation>
+    </message>
+    <message>
+        <source>This script uses Sieve features that the rules cannot show, so it is kept as it is. Edit it on the Script tab, or delete its text there to start again with rules.</source>
+        <translation>Dieses Skript verwendet Sieve-Funktionen, die sich nicht als Regeln darstellen lassen; es bleibt daher unverändert. Bearbeiten Sie es auf der Registerkarte „Skript“, oder löschen Sie dort seinen Text, um wieder mit Regeln zu beginnen.</translation>
+    </message>
+    <message>
+        <source>Filter ru&amp;les, applied in this order:</source>
+        <translation>Filter&amp;regeln, in dieser Reihenfolge angewandt:</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>&amp;Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>&amp;Edit...</source>
+        <translation>&amp;Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>The filter as a Sieve &amp;script:</source>
+        <translation>Der Filter als Sieve-&amp;Skript:</translation>
+    </message>
+    <message>
+        <source>The script has an error on line %1, column %2:
+%3
+
+Nothing has been saved.</source>
+        <translation>Das Skript enthält einen Fehler in Zeile %1, Spalte %2:
+%3
+
+Es wurde nichts gespeichert.</translation>
+    </message>
+    <message>
+        <source>Cannot set mailbox %1 property</source>
+        <translation>Die Postfacheigenschaft %1 kann nicht gesetzt werden</translation>
+    </message>
+</context>
+<context>
+    <name>CSieveRuleDlg</name>
+    <message>
+        <source>Filter Rule</source>
+        <translation>Filterregel</translation>
+    </message>
+    <message>
+        <source>When a message arrives</source>
+        <translation>Wenn eine Nachricht eintrifft</translation>
+    </message>
+    <message>
+        <source>a header contains a text</source>
+        <translation>ein Kopfeintrag einen Text enthält</translation>
+    </message>
+    <message>
+        <source>its size is over</source>
+        <translation>ihre Größe überschreitet</translation>
+    </message>
+    <message>
+        <source>it comes from an address</source>
+        <translation>sie von einer Adresse kommt</translation>
+    </message>
+    <message>
+        <source>&amp;Condition:</source>
+        <translation>&amp;Bedingung:</translation>
+    </message>
+    <message>
+        <source>Hea&amp;der:</source>
+        <translation>&amp;Kopfeintrag:</translation>
+    </message>
+    <message>
+        <source>bytes, or with K, M or G, such as 500K</source>
+        <translation>Bytes, oder mit K, M oder G, etwa 500K</translation>
+    </message>
+    <message>
+        <source>&amp;Size over:</source>
+        <translation>&amp;Größer als:</translation>
+    </message>
+    <message>
+        <source>Then</source>
+        <translation>Dann</translation>
+    </message>
+    <message>
+        <source>file it into a folder</source>
+        <translation>in einen Ordner ablegen</translation>
+    </message>
+    <message>
+        <source>forward it to an address</source>
+        <translation>an eine Adresse weiterleiten</translation>
+    </message>
+    <message>
+        <source>reject it</source>
+        <translation>abweisen</translation>
+    </message>
+    <message>
+        <source>discard it</source>
+        <translation>verwerfen</translation>
+    </message>
+    <message>
+        <source>send an SMS notification</source>
+        <translation>eine SMS-Benachrichtigung senden</translation>
+    </message>
+    <message>
+        <source>&amp;Action:</source>
+        <translation>&amp;Aktion:</translation>
+    </message>
+    <message>
+        <source>Addr&amp;ess:</source>
+        <translation>Adr&amp;esse:</translation>
+    </message>
+    <message>
+        <source>Con&amp;tains:</source>
+        <translation>&amp;Enthält:</translation>
+    </message>
+    <message>
+        <source>&amp;Forward to:</source>
+        <translation>&amp;Weiterleiten an:</translation>
+    </message>
+    <message>
+        <source>&amp;Reason:</source>
+        <translation>&amp;Begründung:</translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation>&amp;Ordner:</translation>
+    </message>
+</context>
+<context>
     <name>CSpamListDlg</name>
     <message>
         <source>Spam Sources on %1</source>
@@ -2646,6 +2794,183 @@ die folgenden Werte</translation>
     <message>
         <source>Security Properties</source>
         <translation>Sicherheitseigenschaften</translation>
+    </message>
+</context>
+<context>
+    <name>Sieve</name>
+    <message>
+        <source>%1 contains "%2"</source>
+        <translation>%1 enthält „%2“</translation>
+    </message>
+    <message>
+        <source>Size over %1</source>
+        <translation>Größer als %1</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <translation>Von %1</translation>
+    </message>
+    <message>
+        <source>file into "%1"</source>
+        <translation>ablegen in „%1“</translation>
+    </message>
+    <message>
+        <source>forward to %1</source>
+        <translation>weiterleiten an %1</translation>
+    </message>
+    <message>
+        <source>reject: %1</source>
+        <translation>abweisen: %1</translation>
+    </message>
+    <message>
+        <source>discard</source>
+        <translation>verwerfen</translation>
+    </message>
+    <message>
+        <source>send an SMS notification</source>
+        <translation>eine SMS-Benachrichtigung senden</translation>
+    </message>
+    <message>
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message>
+        <source>Enter the name of the header, such as Subject.</source>
+        <translation>Geben Sie den Namen des Kopfeintrags ein, etwa Subject.</translation>
+    </message>
+    <message>
+        <source>A header name consists of printable characters other than blanks and ':'.</source>
+        <translation>Ein Kopfeintragsname besteht aus druckbaren Zeichen außer Leerzeichen und „:“.</translation>
+    </message>
+    <message>
+        <source>Enter the text the header must contain.</source>
+        <translation>Geben Sie den Text ein, den der Kopfeintrag enthalten muss.</translation>
+    </message>
+    <message>
+        <source>Enter a size greater than 0: a number of bytes, or one followed by K, M or G.</source>
+        <translation>Geben Sie eine Größe über 0 ein: eine Anzahl Bytes, oder eine Zahl gefolgt von K, M oder G.</translation>
+    </message>
+    <message>
+        <source>Enter the sender's address.</source>
+        <translation>Geben Sie die Adresse des Absenders ein.</translation>
+    </message>
+    <message>
+        <source>Enter the folder to file the message into.</source>
+        <translation>Geben Sie den Ordner ein, in den die Nachricht abgelegt wird.</translation>
+    </message>
+    <message>
+        <source>Enter the address to forward to, such as someone@example.com.</source>
+        <translation>Geben Sie die Adresse ein, an die weitergeleitet wird, etwa jemand@example.com.</translation>
+    </message>
+    <message>
+        <source>Enter the reason sent back to the sender.</source>
+        <translation>Geben Sie die Begründung ein, die an den Absender zurückgeht.</translation>
+    </message>
+</context>
+<context>
+    <name>Sieve::Parser</name>
+    <message>
+        <source>Unexpected '}'</source>
+        <translation>Unerwartetes „}“</translation>
+    </message>
+    <message>
+        <source>Blocks nested too deeply</source>
+        <translation>Blöcke zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>Expected a command</source>
+        <translation>Befehl erwartet</translation>
+    </message>
+    <message>
+        <source>Expected ';' after '%1'</source>
+        <translation>„;“ nach „%1“ erwartet</translation>
+    </message>
+    <message>
+        <source>Block not closed with '}'</source>
+        <translation>Block nicht mit „}“ geschlossen</translation>
+    </message>
+    <message>
+        <source>'%1' needs exactly one test</source>
+        <translation>„%1“ braucht genau einen Test</translation>
+    </message>
+    <message>
+        <source>'%1' needs a block in '{' and '}'</source>
+        <translation>„%1“ braucht einen Block in „{“ und „}“</translation>
+    </message>
+    <message>
+        <source>'else' takes no test</source>
+        <translation>„else“ nimmt keinen Test</translation>
+    </message>
+    <message>
+        <source>'%1' must follow 'if' or 'elsif'</source>
+        <translation>„%1“ muss auf „if“ oder „elsif“ folgen</translation>
+    </message>
+    <message>
+        <source>'require' must come before all other commands</source>
+        <translation>„require“ muss vor allen anderen Befehlen stehen</translation>
+    </message>
+    <message>
+        <source>'require' needs a list of extension names</source>
+        <translation>„require“ braucht eine Liste von Erweiterungsnamen</translation>
+    </message>
+    <message>
+        <source>Expected a string in the list</source>
+        <translation>Zeichenkette in der Liste erwartet</translation>
+    </message>
+    <message>
+        <source>Expected ',' or ']' in the string list</source>
+        <translation>„,“ oder „]“ in der Zeichenkettenliste erwartet</translation>
+    </message>
+    <message>
+        <source>Expected a test</source>
+        <translation>Test erwartet</translation>
+    </message>
+    <message>
+        <source>Expected ',' or ')' in the test list</source>
+        <translation>„,“ oder „)“ in der Testliste erwartet</translation>
+    </message>
+    <message>
+        <source>Tests nested too deeply</source>
+        <translation>Tests zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>'%1' needs a test</source>
+        <translation>„%1“ braucht einen Test</translation>
+    </message>
+</context>
+<context>
+    <name>Sieve::Tokenizer</name>
+    <message>
+        <source>A tag needs a name after ':'</source>
+        <translation>Ein Tag braucht nach „:“ einen Namen</translation>
+    </message>
+    <message>
+        <source>Unexpected character '%1'</source>
+        <translation>Unerwartetes Zeichen „%1“</translation>
+    </message>
+    <message>
+        <source>Comment not closed with '*/'</source>
+        <translation>Kommentar nicht mit „*/“ geschlossen</translation>
+    </message>
+    <message>
+        <source>Number too large</source>
+        <translation>Zahl zu groß</translation>
+    </message>
+    <message>
+        <source>A number may only be followed by K, M or G</source>
+        <translation>Auf eine Zahl darf nur K, M oder G folgen</translation>
+    </message>
+    <message>
+        <source>String not closed with '"'</source>
+        <translation>Zeichenkette nicht mit „"“ geschlossen</translation>
+    </message>
+    <message>
+        <source>'text:' must be followed by the end of the line</source>
+        <translation>Auf „text:“ muss das Zeilenende folgen</translation>
+    </message>
+    <message>
+        <source>Multi-line text not ended by a line holding only '.'</source>
+        <translation>Mehrzeiliger Text nicht durch eine Zeile mit nur „.“ beendet</translation>
     </message>
 </context>
 <context>
