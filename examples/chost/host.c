@@ -1,11 +1,12 @@
 /* An administration program in C that knows nothing of Qt: it opens a configuration store and lets the
  * administrator edit it with the dialogs of TaviDlg.
  *
- *   velbrook-example-host STORE [ENTRY]
+ *   velbrook-example-host STORE [ENTRY [--cancel]]
  *
  * opens (or creates) the store at STORE and calls the dialog's entry point ENTRY (EditDirectories,
  * EditAgents, EditQuotas, EditCalendaring, EditTrafficCounters or EditFileLogConfig; EditQuotas when
- * left out), then prints what the administrator did. Exit status 0 when the dialog came up. */
+ * left out), then prints what the administrator did. With --cancel the dialog closes itself as
+ * cancelled at once (for scripted runs). Exit status 0 when the dialog came up. */
 #include <stdio.h>
 #include <string.h>
 
@@ -45,6 +46,8 @@ int main(int argc, char** argv)
         fprintf(stderr, "%s: no dialog called %s\n", argv[0], wanted);
         return 2;
     }
+    if (argc > 3 && strcmp(argv[3], "--cancel") == 0)
+        TaviSetRunMode(TAVI_RUN_CANCEL, NULL);
     _tMailServer* server = OpenMailServer(argv[1]);
     if (!server) {
         fprintf(stderr, "%s: could not open the store %s (error %u)\n", argv[0], argv[1],
