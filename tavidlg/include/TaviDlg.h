@@ -130,6 +130,7 @@ TAVIDLG_API int EditDomainEmailAddressLists(TaviOwner owner, _tMailServer* serve
                                             const char* listName);
 
 /* Mailboxes. */
+struct _tMailbox; /* an open mailbox of the store (velbrook/MailboxStore.h) */
 
 /* An open mailbox's e-mail address lists, as EditServerEmailAddressLists; the mailbox stays the caller's
  * (the mailbox sheet passes its own, with "Whitelist", "Blacklist" or "PreferredSenders"). */

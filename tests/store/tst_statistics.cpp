@@ -23,10 +23,12 @@ protected:
         ASSERT_NE(d, nullptr);
         const uint32_t unlimited = kDefault;
         EXPECT_TRUE(SetDomainProperty(d, VB_TYPE_DWORD, "MaxMailboxes", &unlimited, 4));
-        if (limit != kDefault)
+        if (limit != kDefault) {
             EXPECT_TRUE(SetDomainProperty(d, VB_TYPE_DWORD, "QuotaDefaultLimit", &limit, 4));
-        if (trigger != kDefault)
+        }
+        if (trigger != kDefault) {
             EXPECT_TRUE(SetDomainProperty(d, VB_TYPE_DWORD, "QuotaDefaultTrigger", &trigger, 4));
+        }
         CloseDomain(d);
     }
     // A mailbox with the given size; limit and trigger are written unless kDefault is given for them.
@@ -38,10 +40,12 @@ protected:
         ASSERT_NE(m, nullptr);
         EXPECT_TRUE(SetMailboxProperty(m, VB_TYPE_DWORD, "QuotaMsgSize", &sizeKb, 4));
         EXPECT_TRUE(SetMailboxProperty(m, VB_TYPE_DWORD, "QuotaNoMsgs", &messages, 4));
-        if (limit != kDefault)
+        if (limit != kDefault) {
             EXPECT_TRUE(SetMailboxProperty(m, VB_TYPE_DWORD, "QuotaLimit", &limit, 4));
-        if (trigger != kDefault)
+        }
+        if (trigger != kDefault) {
             EXPECT_TRUE(SetMailboxProperty(m, VB_TYPE_DWORD, "QuotaTrigger", &trigger, 4));
+        }
         CloseMailbox(m);
     }
     std::vector<std::string> largest(uint32_t room)
@@ -91,10 +95,12 @@ class QuotaRows : public Statistics, public ::testing::WithParamInterface<QuotaR
 TEST_P(QuotaRows, EffectiveLimitDecides)
 {
     const QuotaRow& r = GetParam();
-    if (r.serverLimit != kDefault)
+    if (r.serverLimit != kDefault) {
         ASSERT_TRUE(setNumber(nullptr, "QuotaDomainDefaultLimit", r.serverLimit));
-    if (r.serverTrigger != kDefault)
+    }
+    if (r.serverTrigger != kDefault) {
         ASSERT_TRUE(setNumber(nullptr, "QuotaDomainDefaultTrigger", r.serverTrigger));
+    }
     addDomain("q.example", r.domainLimit, r.domainTrigger);
     addMailbox("m@q.example", r.size, 3, r.ownLimit, r.ownTrigger);
     _tQuotaSummary s{};
