@@ -6,29 +6,6 @@
 
 namespace vb {
 
-namespace {
-
-void appendUtf8(std::string& out, char32_t cp)
-{
-    if (cp < 0x80) {
-        out += char(cp);
-    } else if (cp < 0x800) {
-        out += char(0xC0 | (cp >> 6));
-        out += char(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-        out += char(0xE0 | (cp >> 12));
-        out += char(0x80 | ((cp >> 6) & 0x3F));
-        out += char(0x80 | (cp & 0x3F));
-    } else {
-        out += char(0xF0 | (cp >> 18));
-        out += char(0x80 | ((cp >> 12) & 0x3F));
-        out += char(0x80 | ((cp >> 6) & 0x3F));
-        out += char(0x80 | (cp & 0x3F));
-    }
-}
-
-} // namespace
-
 std::string fold(std::string_view text)
 {
     std::string out;
@@ -46,7 +23,7 @@ std::string fold(std::string_view text)
             ++pos;
             continue;
         }
-        appendUtf8(out, char32_t(u_foldCase(UChar32(cp), U_FOLD_CASE_DEFAULT)));
+        vbtoolkit::appendUtf8(out, char32_t(u_foldCase(UChar32(cp), U_FOLD_CASE_DEFAULT)));
     }
     return out;
 }

@@ -76,3 +76,16 @@ CWaitCursor::~CWaitCursor()
     --g_waitCursors;
     platform().setWaitCursor(false);
 }
+
+bool isOnNetworkDrive(const QString& path)
+{
+    QString root;
+    if (path.size() >= 2 && path.at(0).isLetter() && path.at(0).unicode() < 128 && path.at(1) == QLatin1Char(':'))
+        root = path.at(0).toUpper() + QStringLiteral(":\\");
+#ifndef Q_OS_WIN
+    // On Linux a local absolute path plays the part of a drive letter: its mount decides.
+    else if (path.startsWith(QLatin1Char('/')))
+        root = path;
+#endif
+    return !root.isEmpty() && platform().driveType(root) == DriveType::Remote;
+}

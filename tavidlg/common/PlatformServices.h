@@ -110,6 +110,9 @@ TAVI_EXPORT QWidget* messageOwner();
 TAVI_EXPORT int taviMessageBox(const QString& text, unsigned style, const QString& caption = QString());
 // The input beep of an edit field: 400 Hz for 250 ms and the offending text selected, no message.
 TAVI_EXPORT void inputBeep(QLineEdit* edit);
+// Whether a path lies on a network drive: the drive of "X:..." or, on Linux, the mount of an absolute
+// path. UNC paths and relative paths are not judged (false).
+TAVI_EXPORT bool isOnNetworkDrive(const QString& path);
 
 // Shows the wait cursor for its lifetime.
 class TAVI_EXPORT CWaitCursor {

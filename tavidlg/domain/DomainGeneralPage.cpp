@@ -405,19 +405,6 @@ bool CDomainGeneralPage::exchange(bool save)
     return true;
 }
 
-bool CDomainGeneralPage::isOnNetworkDrive(const QString& path) const
-{
-    QString root;
-    if (path.size() >= 2 && path.at(0).isLetter() && path.at(0).unicode() < 128 && path.at(1) == QLatin1Char(':'))
-        root = path.at(0).toUpper() + QStringLiteral(":\\");
-#ifndef Q_OS_WIN
-    // On Linux an absolute path plays the part of a drive letter: its mount decides.
-    else if (path.startsWith(QLatin1Char('/')))
-        root = path;
-#endif
-    return !root.isEmpty() && platform().driveType(root) == DriveType::Remote;
-}
-
 bool CDomainGeneralPage::applyDirectory(QLineEdit* edit, const char* property, QString& member)
 {
     const QString path = edit->text().trimmed();

@@ -54,7 +54,6 @@ private:
     bool applyCount(QLineEdit* edit, const char* property, quint32& member, unsigned failureId);
     void applyQuota(QuotaField& field);
     bool confirmUncPath(QLineEdit* edit, unsigned messageId, const char* rememberKey);
-    bool isOnNetworkDrive(const QString& path) const;
 
     CDomainSheet* m_sheet = nullptr;
     CBrowseForDir m_browse;

@@ -1,5 +1,6 @@
 #include "domain/DomainSynonymsPage.h"
 
+#include "common/EnterRedirect.h"
 #include "common/PlatformServices.h"
 #include "config/ErrorReport.h"
 #include "config/MessageFormat.h"
@@ -93,25 +94,12 @@ CDomainSynonymsPage::CDomainSynonymsPage(CDomainSheet* sheet) : CTaviPropertyPag
     connect(m_addButton, &QPushButton::clicked, this, &CDomainSynonymsPage::onAdd);
     connect(m_renameButton, &QPushButton::clicked, this, &CDomainSynonymsPage::onRename);
     connect(m_deleteButton, &QPushButton::clicked, this, &CDomainSynonymsPage::onDelete);
-    m_nameEdit->installEventFilter(this);
+    redirectEnter(this, {m_nameEdit}, m_addButton);
     connect(m_nameEdit, &QLineEdit::textChanged, this, &CDomainSynonymsPage::updateButtons);
     connect(m_list, &QListWidget::itemSelectionChanged, this, &CDomainSynonymsPage::onSelectionChanged);
 }
 
 CDomainSynonymsPage::~CDomainSynonymsPage() = default;
-
-bool CDomainSynonymsPage::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_nameEdit && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            if (m_addButton->isEnabled())
-                onAdd();
-            return true;
-        }
-    }
-    return CTaviPropertyPage::eventFilter(watched, event);
-}
 
 void CDomainSynonymsPage::initPage()
 {

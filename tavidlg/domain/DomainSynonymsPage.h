@@ -23,7 +23,6 @@ protected:
     void initPage() override;
     bool apply() override;
     // Enter in the name field adds the name instead of pressing the sheet's OK.
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void reload();

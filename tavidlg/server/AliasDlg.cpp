@@ -1,5 +1,6 @@
 #include "server/AliasDlg.h"
 
+#include "common/EnterRedirect.h"
 #include "common/PlatformServices.h"
 #include "common/SubnetCsv.h"
 #include "config/ErrorReport.h"
@@ -324,24 +325,10 @@ void CAliasDlg::buildControls()
         m_proxy->setFilterText(text.trimmed());
         showCount();
     });
-    m_aliasEdit->installEventFilter(this);
-    m_targetEdit->installEventFilter(this);
+    redirectEnter(this, {m_aliasEdit, m_targetEdit}, m_addButton);
     connect(m_aliasEdit, &QLineEdit::textChanged, this, &CAliasDlg::updateButtons);
     connect(m_targetEdit, &QLineEdit::textChanged, this, &CAliasDlg::updateButtons);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CAliasDlg::onCurrentChanged);
-}
-
-bool CAliasDlg::eventFilter(QObject* watched, QEvent* event)
-{
-    if ((watched == m_aliasEdit || watched == m_targetEdit) && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            if (m_addButton->isEnabled())
-                onAdd();
-            return true;
-        }
-    }
-    return CTaviDialog::eventFilter(watched, event);
 }
 
 void CAliasDlg::initDialog()

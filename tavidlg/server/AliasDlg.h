@@ -35,7 +35,6 @@ protected:
     void initDialog() override;
     void onOK() override;
     // Enter in the alias or target field adds the entry instead of closing the dialog.
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildControls();

@@ -75,20 +75,6 @@ void CDirectoriesDlg::initDialog()
         m_browseButton->hide();
 }
 
-bool CDirectoriesDlg::isOnNetworkDrive(const QString& path) const
-{
-    QString root;
-    if (path.size() >= 2 && path.at(0).isLetter() && path.at(0).unicode() < 128 && path.at(1) == QLatin1Char(':'))
-        root = path.at(0).toUpper() + QStringLiteral(":\\");
-#ifndef Q_OS_WIN
-    // On Linux a local absolute path plays the part of a drive letter: its mount decides.
-    else if (path.startsWith(QLatin1Char('/')))
-        root = path;
-#endif
-    // UNC paths and everything else are taken as they are.
-    return !root.isEmpty() && platform().driveType(root) == DriveType::Remote;
-}
-
 bool CDirectoriesDlg::exchange(bool save)
 {
     if (!save) {

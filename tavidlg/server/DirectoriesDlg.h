@@ -26,7 +26,6 @@ protected:
 private:
     void onBrowse();
     // Whether a spool directory must be refused because it lies on a network drive of this machine.
-    bool isOnNetworkDrive(const QString& path) const;
 
     QLabel* m_spoolLabel = nullptr;
     QPushButton* m_browseButton = nullptr;

@@ -1,10 +1,11 @@
-// Strict UTF-8 decoding shared by the toolkit's text rules (RFC 3629: no overlong forms, no surrogates,
+// Strict UTF-8 decoding (and the matching encoder) shared by the toolkit's text rules (RFC 3629: no overlong forms, no surrogates,
 // nothing above U+10FFFF, no truncated sequences).
 #ifndef VELBROOK_TOOLKIT_UTF8_P_H
 #define VELBROOK_TOOLKIT_UTF8_P_H
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace vbtoolkit {
@@ -56,6 +57,26 @@ inline bool decodeUtf8(std::string_view text, std::size_t& pos, char32_t& cp)
     cp = value;
     pos += len;
     return true;
+}
+
+// Appends one code point (a scalar value the caller has checked) as UTF-8.
+inline void appendUtf8(std::string& out, char32_t cp)
+{
+    if (cp < 0x80) {
+        out += char(cp);
+    } else if (cp < 0x800) {
+        out += char(0xC0 | (cp >> 6));
+        out += char(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+        out += char(0xE0 | (cp >> 12));
+        out += char(0x80 | ((cp >> 6) & 0x3F));
+        out += char(0x80 | (cp & 0x3F));
+    } else {
+        out += char(0xF0 | (cp >> 18));
+        out += char(0x80 | ((cp >> 12) & 0x3F));
+        out += char(0x80 | ((cp >> 6) & 0x3F));
+        out += char(0x80 | (cp & 0x3F));
+    }
 }
 
 inline bool isValidUtf8(std::string_view text)
